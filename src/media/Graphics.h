@@ -1,0 +1,41 @@
+#pragma once
+// The picture component: the program's own artwork lives in the separate
+// library "TKGraphics.dll" in the program folder, one picture per key.
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class QLabel;
+class QLibrary;
+
+namespace media {
+
+class GraphicsComponent {
+public:
+    enum class LoadResult { Ok, Missing, Unusable };
+
+    // Loads "TKGraphics.dll" from the folder (name matched without regard to
+    // case). Missing: no such file. Unusable: the file is there but isn't a
+    // working picture component.
+    static LoadResult load(const QString& programFolder, std::unique_ptr<GraphicsComponent>& out);
+
+    ~GraphicsComponent();
+
+    // The picture of a key ("showwelcome", "gorvanlogo", ...); a null image
+    // when the component has no such picture.
+    QImage picture(const QString& key) const;
+    QStringList keys() const;
+
+private:
+    GraphicsComponent() = default;
+    struct Impl;
+    std::unique_ptr<Impl> d;
+};
+
+// Puts the picture of a key into an image control. False when the key has no
+// picture or no component is loaded.
+bool ShowGraphic(const QString& key, QLabel* imageControl);
+
+} // namespace media

@@ -1,0 +1,1 @@
+extern "C" int tkgraphics_abi_version() { return 1; }

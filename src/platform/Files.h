@@ -1,0 +1,40 @@
+#pragma once
+// File look-up that ignores case, as game installs made on Windows mix
+// "PAK0.PAK" and "Bots.cfg", and the listing helpers that stand in for the
+// file and folder list boxes.
+#include <QString>
+#include <QStringList>
+
+namespace platform {
+
+// The path as it is spelled on disk, each component matched without regard to
+// case (an exact match wins). Empty when nothing matches.
+QString resolvePath(const QString& path);
+bool fileExists(const QString& path);   // a file (not a folder) is there
+bool folderExists(const QString& path); // a folder is there
+// folder + "/" + name, without doubling a separator the folder already ends in.
+QString joinPath(const QString& folder, const QString& name);
+// The folder part of a path (everything before the last "/"), "" if none.
+QString folderOf(const QString& path);
+QString fileNameOf(const QString& path);
+
+// Names of the files in a folder that match one of the wildcard patterns
+// ("*.exe"), case ignored, sorted as a file list box sorts them. Hidden files
+// are included; folders never are. A folder that can't be read gives nothing.
+QStringList listFiles(const QString& folder, const QStringList& patterns = {QStringLiteral("*")});
+// Names of the sub-folders, sorted the same way.
+QStringList listFolders(const QString& folder);
+
+// Executable files of a folder: files with an execute bit and "*.exe" files.
+QStringList listExecutables(const QString& folder);
+
+// The mod's game library in a folder ("gamex86.dll" or a native game library),
+// its name as on disk, or empty.
+QString findModLibrary(const QString& folder);
+
+// Reads a whole file; false when it can't be read.
+bool readFile(const QString& path, QByteArray& out);
+// Replaces a file whole; false when it can't be written.
+bool writeFile(const QString& path, const QByteArray& data);
+
+} // namespace platform

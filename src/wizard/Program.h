@@ -1,0 +1,16 @@
+#pragma once
+#include <QString>
+
+namespace torvik {
+
+// Starts the program as the user does: ProgramFolder must be set; shows the
+// splash form, whose timers carry on the start-up.
+void startProgram();
+
+// Every way out of the program: closes all forms and ends the process.
+void ExitProgram(bool force = true);
+
+// True once ExitProgram ran (the forms may still be closing).
+bool programEnded();
+
+} // namespace torvik
