@@ -3,6 +3,9 @@
 
 namespace torvik {
 
+// Where the single-instance lock lives; empty means the per-user default.
+inline QString SingleInstanceLockPath;
+
 // Starts the program as the user does: ProgramFolder must be set; shows the
 // splash form, whose timers carry on the start-up.
 void startProgram();
