@@ -7,3 +7,4 @@ QImage GraphicsComponent::picture(const QString&) const { return {}; }
 QStringList GraphicsComponent::keys() const { return {}; }
 bool ShowGraphic(const QString&, QLabel*) { return false; }
 }
+namespace media { QPixmap splashLogo() { return {}; } }

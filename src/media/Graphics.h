@@ -2,6 +2,7 @@
 // The picture component: the program's own artwork lives in the separate
 // library "TKGraphics.dll" in the program folder, one picture per key.
 #include <QImage>
+#include <QPixmap>
 #include <QString>
 #include <QStringList>
 
@@ -37,5 +38,9 @@ private:
 // Puts the picture of a key into an image control. False when the key has no
 // picture or no component is loaded.
 bool ShowGraphic(const QString& key, QLabel* imageControl);
+
+// The start logo; it lives in the program, as it is shown before the
+// component is loaded.
+QPixmap splashLogo();
 
 } // namespace media

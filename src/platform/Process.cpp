@@ -4,7 +4,6 @@
 #include <QProcess>
 #include <QStandardPaths>
 
-#include <cstdlib>
 
 namespace platform {
 namespace {
@@ -22,8 +21,9 @@ ProcessLauncher* current = nullptr;
 
 void desktopExit(int code)
 {
-    QCoreApplication::exit(code);
-    std::exit(code);
+    // Queued, so that it also works before the event loop runs.
+    QMetaObject::invokeMethod(QCoreApplication::instance(), [code] { QCoreApplication::exit(code); },
+                              Qt::QueuedConnection);
 }
 
 ExitHandler exitHandler = nullptr;

@@ -1,0 +1,67 @@
+#pragma once
+// The wizard's main form: tool strip, page picture and the stack of pages.
+// The answers are the values of its controls.
+#include "ui_MainForm.h"
+
+#include <QWidget>
+
+class QMenu;
+class QAction;
+
+namespace torvik {
+
+class MainForm : public QWidget {
+    Q_OBJECT
+public:
+    explicit MainForm(QWidget* parent = nullptr);
+    ~MainForm() override;
+
+    Ui::MainForm ui;
+    QMenu* GotoMenu;
+
+    // Page engine.
+    void Main_Next_Click();
+    void Main_Previous_Click();
+    void Main_Cancel_Click();
+    void Main_About_Click();
+    void Command23_Click();
+    void ClearFrames();
+    void ClickNext();
+    void ClickPrev();
+    void Dontshow();
+    void Dontshow1();
+    void Dontshow2();
+    void CheckGameStatus();
+    void ShowPagePicture();
+
+    // Locations.
+    void CheckFileLocs();
+    void Command16_Click();
+    void Command1_Click();
+    void Command2_Click();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void Form_Load();
+    bool FixStuff();
+    void ConnectControls();
+    void BuildGotoMenu();
+    void Dir1_Change();
+    void SetCloseTool(bool leave);
+    void ShowPageOf(int page);
+    QWidget* PanelOf(int page) const;
+    QString PictureKeyOf(int page) const;
+    QList<QToolButton*> RaisedButtons() const;
+    void GameTypeOption(QRadioButton* option, const char* code);
+    void EnterAllDone();
+
+    QAction* addGoto(const QString& caption, const char* handler);
+};
+
+// Creates, loads and shows the main form; false when its load ended the program.
+bool ShowMainForm();
+MainForm* MainFormInstance();
+
+} // namespace torvik

@@ -1,0 +1,82 @@
+#include "wizard/Module1.h"
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
+#include "wizard/Globals.h"
+#include "wizard/Program.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace torvik {
+namespace {
+
+QString programSubfolder(const QString& name)
+{
+    const QString path = platform::joinPath(ProgramFolder, name);
+    const QString real = platform::resolvePath(path);
+    return real.isEmpty() ? path : real;
+}
+
+bool checkFolder(const QString& name, const QString& failure)
+{
+    const QString path = platform::joinPath(ProgramFolder, name);
+    const QString real = platform::resolvePath(path);
+    bool ok;
+    if (real.isEmpty())
+        ok = QDir().mkdir(path);
+    else
+        ok = QFileInfo(real).isDir() && QFileInfo(real).isReadable();
+    if (!ok) {
+        platform::msgBox(failure);
+        ExitProgram(true);
+    }
+    return ok;
+}
+
+} // namespace
+
+bool CheckMapInfoFolder()
+{
+    return checkFolder(QStringLiteral("MapInfo"), QStringLiteral("Couldn't check for map information"));
+}
+
+bool CheckBackupFolder()
+{
+    return checkFolder(QStringLiteral("Backup"), QStringLiteral("Couldn't check for backup information"));
+}
+
+bool CheckSavedFolder()
+{
+    // The map words here are the program's own, kept as they always were.
+    return checkFolder(QStringLiteral("Saved"), QStringLiteral("Couldn't check for map information"));
+}
+
+QString MapInfoFolder() { return programSubfolder(QStringLiteral("MapInfo")); }
+QString BackupFolder() { return programSubfolder(QStringLiteral("Backup")); }
+QString SavedFolder() { return programSubfolder(QStringLiteral("Saved")); }
+
+bool RepairGraphicsComponent()
+{
+    const QString spare = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("repair/TKGraphics.dll")));
+    if (spare.isEmpty())
+        return false;
+    QString target = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll")));
+    if (target.isEmpty())
+        target = platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll"));
+    const QString fresh = target + QStringLiteral(".new");
+    QFile::remove(fresh);
+    if (!QFile::copy(spare, fresh))
+        return false;
+    QFile::remove(target);
+    return QFile::rename(fresh, target);
+}
+
+bool OpenWithShell(const QString& target)
+{
+    return platform::openWithDesktop(target);
+}
+
+} // namespace torvik

@@ -1,0 +1,20 @@
+#pragma once
+#include "ui_Q2EXEForm.h"
+
+#include <QDialog>
+
+namespace torvik {
+
+// Asks which executable of the chosen folder is the game.
+class Q2EXEForm : public QDialog {
+    Q_OBJECT
+public:
+    explicit Q2EXEForm(QWidget* parent = nullptr);
+    Ui::Q2EXEForm ui;
+
+signals:
+    // The row that was double-clicked.
+    void picked(int row);
+};
+
+} // namespace torvik

@@ -1,0 +1,220 @@
+#include "wizard/SplashForm.h"
+
+#include "media/Graphics.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/SingleInstance.h"
+#include "platform/Timer.h"
+#include "wizard/Globals.h"
+#include "wizard/MainForm.h"
+#include "wizard/Module1.h"
+#include "wizard/Program.h"
+
+#include <QCloseEvent>
+#include <QFile>
+#include <new>
+
+namespace torvik {
+
+SplashForm::SplashForm(QWidget* parent) : QWidget(parent)
+{
+    ui.setupUi(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    ui.Image1->setPixmap(media::splashLogo());
+
+    Timer4 = new platform::Timer(this, 20, false);
+    Timer4->setObjectName(QStringLiteral("Timer4"));
+    Timer1 = new platform::Timer(this, 1, false);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer3 = new platform::Timer(this, 2, false);
+    Timer3->setObjectName(QStringLiteral("Timer3"));
+
+    connect(Timer4, &platform::Timer::timeout, this, &SplashForm::Timer4_Timer);
+    connect(Timer1, &platform::Timer::timeout, this, &SplashForm::Timer1_Timer);
+    connect(Timer3, &platform::Timer::timeout, this, [this] {
+        Timer3->setEnabled(false);
+        Timer1->setEnabled(true);
+    });
+    connect(ui.Option1, &QRadioButton::toggled, this, &SplashForm::Option_Click);
+    connect(ui.Option2, &QRadioButton::toggled, this, &SplashForm::Option_Click);
+    connect(ui.Command1, &QPushButton::clicked, this, &SplashForm::Command1_Click);
+    connect(ui.Command2, &QPushButton::clicked, this, &SplashForm::Command2_Click);
+    connect(ui.Command3, &QPushButton::clicked, this, &SplashForm::Command3_Click);
+    connect(ui.File1, &QWidget::customContextMenuRequested, this, [this] {
+        if (ui.File1->isEnabled())
+            Command2_Click();
+    });
+
+    Form_Load();
+}
+
+void SplashForm::Form_Load()
+{
+    if (!platform::acquireSingleInstance(SingleInstanceLockPath)) {
+        platform::msgBox(QStringLiteral("Only one instance of TK is allowed!"));
+        ExitProgram(true);
+        return;
+    }
+    if (!CheckMapInfoFolder() || !CheckBackupFolder() || !CheckSavedFolder())
+        return;
+    RefreshFile1();
+    if (ui.File1->count() == 0)
+        ui.Option2->setEnabled(false);
+    loaded_ = true;
+    Timer4->setEnabled(true);
+}
+
+void SplashForm::RefreshFile1()
+{
+    ui.File1->clear();
+    ui.File1->addItems(platform::listFiles(SavedFolder(), {QStringLiteral("*.TKD")}));
+}
+
+void SplashForm::Timer4_Timer()
+{
+    Timer4->setEnabled(false);
+    if (!platform::fileExists(platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll")))) {
+        platform::msgBox(QStringLiteral("Torvik's Graphics Dll (TKGraphics.dll) couldn't be found. "
+                                        "Make sure its in your TK dir. Ending Torvik!"));
+        ExitProgram(true);
+        return;
+    }
+    ui.Label2->setVisible(true);
+    ui.Label2->repaint();
+
+    std::unique_ptr<media::GraphicsComponent> component;
+    if (media::GraphicsComponent::load(ProgramFolder, component) != media::GraphicsComponent::LoadResult::Ok) {
+        OfferRepair();
+        return;
+    }
+    delete GraphicsObject;
+    GraphicsObject = component.release();
+    Timer1->setEnabled(true);
+}
+
+// The component is there but can't be used. Putting back the copy that was
+// installed beside the program is our way of registering it anew; like a
+// registration, it takes effect at the next start.
+void SplashForm::OfferRepair()
+{
+    platform::beep();
+    const platform::Answer answer = platform::msgBox(
+        QStringLiteral("Error! The TKGraphics.dll couldn't be used.  Would you like TK to try to register the dll for you?"),
+        platform::Buttons::YesNo, platform::Icon::Question, QStringLiteral("Register TKGraphics.dll"));
+    if (answer != platform::Answer::Yes)
+        return;
+    platform::msgBox(QStringLiteral("If worked...You will receive a message saying Dllregisterserver successful.  "
+                                    "TK will end afterward."));
+    if (RepairGraphicsComponent())
+        platform::msgBox(QStringLiteral("DllRegisterServer in tkgraphics.dll succeeded."));
+    else
+        platform::msgBox(QStringLiteral("DllRegisterServer in tkgraphics.dll failed."), platform::Buttons::Ok,
+                         platform::Icon::Critical);
+    ExitProgram(true);
+}
+
+void SplashForm::Timer1_Timer()
+{
+    Timer1->setEnabled(false);
+    ui.Version->setVisible(true);
+    if (ui.File1->count() == 0) {
+        Command1_Click();
+        return;
+    }
+    ui.Label2->setVisible(false);
+    ui.Picture1->setVisible(true);
+}
+
+void SplashForm::Option_Click()
+{
+    const bool on = ui.Option2->isChecked();
+    ui.File1->setEnabled(on);
+    ui.Command2->setEnabled(on);
+}
+
+void SplashForm::Command1_Click()
+{
+    ui.Label2->setText(QStringLiteral("LOADING TORVIK..."));
+    ui.Label2->setVisible(true);
+    if (ui.Option1->isChecked()) {
+        DataFileMode = 0;
+        RebuildCTFBots = 1;
+    } else {
+        QListWidgetItem* row = ui.File1->currentItem();
+        if (!row || !row->isSelected()) {
+            platform::msgBox(QStringLiteral("No Torvik Data file selected!"));
+            return;
+        }
+        DataFileMode = 1;
+        DataFileName = row->text();
+        CompanionFileName = DataFileName.left(DataFileName.size() - 3) + QStringLiteral("tke");
+    }
+    ui.Label2->repaint();
+    try {
+        if (!ShowMainForm())
+            return;
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."),
+                         platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+        return;
+    } catch (...) {
+        platform::msgBox(QStringLiteral("Error! Something bad has happened loading the main form!"));
+        ExitProgram(true);
+        return;
+    }
+    hide();
+    deleteLater();
+}
+
+void SplashForm::Command2_Click()
+{
+    QListWidgetItem* row = ui.File1->currentItem();
+    if (!row || !row->isSelected()) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("No Torvik Data file selected!"));
+        return;
+    }
+    const QString name = row->text();
+    if (!platform::ask(QStringLiteral("Are you sure you want to delete ") + name + QStringLiteral(" ?"),
+                       QStringLiteral("Delete")))
+        return;
+    const QString saved = SavedFolder();
+    if (!QFile::remove(platform::joinPath(saved, name))) {
+        platform::msgBox(QStringLiteral("Couldn't delete ") + name + QStringLiteral("!"), platform::Buttons::Ok,
+                         platform::Icon::Exclamation);
+        return;
+    }
+    const QString companion = platform::resolvePath(
+        platform::joinPath(saved, name.left(name.size() - 3) + QStringLiteral("tke")));
+    if (!companion.isEmpty())
+        QFile::remove(companion);
+    RefreshFile1();
+    if (ui.File1->count() == 0) {
+        ui.Option1->setChecked(true);
+        ui.Command2->setEnabled(false);
+        ui.File1->setEnabled(false);
+        ui.Option2->setEnabled(false);
+        ui.Picture1->setVisible(false);
+        Command1_Click();
+    }
+}
+
+void SplashForm::Command3_Click()
+{
+    if (platform::ask(QStringLiteral("Are you sure you want to close Torvik?"), QStringLiteral("Close Torvik")))
+        ExitProgram(true);
+}
+
+void SplashForm::closeEvent(QCloseEvent* event)
+{
+    // Closing the splash before the wizard is up ends the program.
+    if (!programEnded() && !MainFormInstance()) {
+        event->ignore();
+        ExitProgram(true);
+        return;
+    }
+    QWidget::closeEvent(event);
+}
+
+} // namespace torvik
