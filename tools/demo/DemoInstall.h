@@ -1,6 +1,7 @@
 #pragma once
 // A generated Quake II tree with the Gorvan mod's files, so that Torvik can be
 // tried and tested without the game. Our own data only: no game content.
+// tools/demo/README.md lists what the tree holds.
 #include <QString>
 
 namespace demo {
@@ -11,11 +12,16 @@ struct DemoOptions {
 };
 
 // Writes the install below root (made if missing). False, with a reason in
-// error, when something can't be written.
+// error, when something can't be written. Running it again over an earlier
+// install, of either spelling, brings that install back to the demo state.
 bool createDemoInstall(const QString& root, QString* error = nullptr, const DemoOptions& options = {});
 
 // Paths inside an install made by createDemoInstall.
 QString gameExecutable(const QString& root);
 QString modFolder(const QString& root);
+// The game's data folder: "baseq2", or "BaseQ2" with mixedCase.
+QString baseFolder(const QString& root, const DemoOptions& options = {});
+// The log that the stub game writes on every run (format in stubgame.cpp).
+QString stubLog(const QString& root);
 
 } // namespace demo
