@@ -1,0 +1,18 @@
+#pragma once
+#include "ui_AdvancedForm.h"
+
+#include <QDialog>
+
+namespace pages {
+
+// Multiplayer options: dedicated server, a server to connect to, the
+// connection speed and the download switches. It stays loaded while hidden,
+// as the command is read from its controls.
+class AdvancedForm : public QDialog {
+    Q_OBJECT
+public:
+    explicit AdvancedForm(QWidget* parent = nullptr);
+    Ui::AdvancedForm ui;
+};
+
+} // namespace pages
