@@ -22,9 +22,14 @@ public:
     // working picture component.
     static LoadResult load(const QString& programFolder, std::unique_ptr<GraphicsComponent>& out);
 
+    // The component file of a folder as spelled on disk, or empty.
+    static QString locate(const QString& programFolder);
+
+    // Clears torvik::GraphicsObject if it points here.
     ~GraphicsComponent();
 
-    // The picture of a key ("showwelcome", "gorvanlogo", ...); a null image
+    // The picture of a key ("showwelcome", "gorvanlogo", ...), rendered at
+    // the size it was drawn for; the key's case doesn't matter. A null image
     // when the component has no such picture.
     QImage picture(const QString& key) const;
     QStringList keys() const;
@@ -36,7 +41,7 @@ private:
 };
 
 // Puts the picture of a key into an image control. False when the key has no
-// picture or no component is loaded.
+// picture or no component is loaded; the control then keeps what it showed.
 bool ShowGraphic(const QString& key, QLabel* imageControl);
 
 // The start logo; it lives in the program, as it is shown before the
