@@ -3,6 +3,8 @@
 #include "media/Graphics.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "custom/CustomForm.h"
+#include "pages/AdvancedForm.h"
 #include "wizard/Globals.h"
 #include "wizard/Launch.h"
 #include "wizard/Locations.h"
@@ -10,6 +12,7 @@
 #include "wizard/Q2EXEForm.h"
 
 #include <QCloseEvent>
+#include <QFile>
 #include <QMenu>
 #include <QPointer>
 #include <QStyle>
@@ -42,6 +45,10 @@ MainForm::MainForm(QWidget* parent) : QWidget(parent)
     instance = this;
     ui.setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
+    // Created hidden now, as the command is read from their controls even
+    // when the user never opens them.
+    Advanced = new pages::AdvancedForm(this);
+    Custom = new custom::CustomForm(this);
     GotoMenu = new QMenu(this);
     GotoMenu->setObjectName(QStringLiteral("GotoMenu"));
     BuildGotoMenu();
@@ -78,20 +85,7 @@ void MainForm::ConnectControls()
     connect(ui.Dir1, &platform::FolderChooser::pathChanged, this, &MainForm::Dir1_Change);
     connect(ui.Dir2, &platform::FolderChooser::pathChanged, this, &MainForm::Command2_Click);
 
-    auto& gt = ui.GameType->ui;
-    GameTypeOption(gt.Option8, "SP");
-    GameTypeOption(gt.Option1, "DM");
-    GameTypeOption(gt.Option2, "DMT");
-    GameTypeOption(gt.Option3, "CTF");
-}
-
-void MainForm::GameTypeOption(QRadioButton* option, const char* code)
-{
-    const QString value = QString::fromLatin1(code);
-    connect(option, &QRadioButton::toggled, this, [value](bool on) {
-        if (on)
-            GameTypeCode = value;
-    });
+    SetupAnswerPages();
 }
 
 // ---------------------------------------------------------------- load
@@ -106,6 +100,10 @@ void MainForm::Form_Load()
         return;
     PageNumber = 1;
     CheckFileLocs();
+    if (programEnded())
+        return;
+    if (LocationsMissing != 1)
+        UpdateDMFlags();
 }
 
 bool MainForm::FixStuff()
@@ -126,6 +124,7 @@ bool MainForm::FixStuff()
         }
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
+        FillFixedLists();
     } catch (const std::bad_alloc&) {
         platform::beep();
         platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."));
@@ -417,6 +416,8 @@ void MainForm::Main_Next_Click()
             ui.StartMap->setVisible(false);
             PageNumber = 9;
             EnterAllDone();
+            if (programEnded())
+                return;
             break;
         }
         ui.StartMap->setVisible(false);
@@ -430,6 +431,7 @@ void MainForm::Main_Next_Click()
     case 5:
         ui.DMFlags->setVisible(false);
         ui.GorvanFlags->setVisible(true);
+        ui.GorvanFlags->ui.Check40->setEnabled(GameTypeCode == QLatin1String("CTF"));
         break;
     case 6:
         ui.GorvanFlags->setVisible(false);
@@ -448,9 +450,12 @@ void MainForm::Main_Next_Click()
     case 8:
         ui.PlayerSetup->setVisible(false);
         ui.CommandLine->setVisible(true);
+        GetCmdLine();
         break;
     case 9:
         EnterAllDone();
+        if (programEnded())
+            return;
         break;
     default:
         return;
@@ -464,6 +469,16 @@ void MainForm::EnterAllDone()
     ui.CommandLine->setVisible(false);
     ui.AllDone->setVisible(true);
     ui.Main_Next->setEnabled(false);
+    const QString cfg = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("asdf.cfg")));
+    const QString launcherCfg = platform::resolvePath(platform::joinPath(modFolder(), QStringLiteral("launcher.cfg")));
+    // Unlike the clean-up at start-up, this delete doesn't clear a read-only
+    // file, and the wizard can't go on with a configuration it can't replace.
+    if ((!cfg.isEmpty() && !QFile::remove(cfg)) || (!launcherCfg.isEmpty() && !QFile::remove(launcherCfg))) {
+        platform::msgBox(QStringLiteral("Error: Something has happened. Ending program!(1)"));
+        ExitProgram(true);
+        return;
+    }
+    TryCommand();
 }
 
 void MainForm::Main_Previous_Click()
@@ -474,6 +489,7 @@ void MainForm::Main_Previous_Click()
         ui.GameType->setVisible(false);
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
+        FillFixedLists();
         break;
     case 3:
         ClearFrames();
@@ -516,6 +532,7 @@ void MainForm::Main_Previous_Click()
             Main_Previous_Click();
             return;
         }
+        ui.AllDone->ui.Start->setEnabled(false);
         ui.CommandLine->setVisible(true);
         ui.AllDone->setVisible(false);
         break;
@@ -617,6 +634,8 @@ void MainForm::BuildGotoMenu()
                 ClickPrev();
                 return;
             }
+            if (handler == QLatin1String("GotoAllDone"))
+                GetCmdLine();
             ClickNext();
         });
     }

@@ -2,11 +2,22 @@
 // The wizard's main form: tool strip, page picture and the stack of pages.
 // The answers are the values of its controls.
 #include "ui_MainForm.h"
+#include "wizard/Composer.h"
 
 #include <QWidget>
 
 class QMenu;
 class QAction;
+
+namespace pages {
+class AdvancedForm;
+}
+namespace custom {
+class CustomForm;
+}
+namespace platform {
+class Timer;
+}
 
 namespace torvik {
 
@@ -18,6 +29,11 @@ public:
 
     Ui::MainForm ui;
     QMenu* GotoMenu;
+    pages::AdvancedForm* Advanced = nullptr;
+    custom::CustomForm* Custom = nullptr;
+    platform::Timer* Timer6 = nullptr;
+    // The head of the command, cut out by `try`, started by Start.
+    QString LaunchHead;
 
     // Page engine.
     void Main_Next_Click();
@@ -33,6 +49,13 @@ public:
     void Dontshow2();
     void CheckGameStatus();
     void ShowPagePicture();
+
+    // Answers, command and launch.
+    void UpdateDMFlags();
+    void GetCmdLine();
+    void TryCommand();
+    void Start_Click();
+    ComposerInput ReadAnswers() const;
 
     // Locations.
     void CheckFileLocs();
@@ -54,8 +77,11 @@ private:
     QWidget* PanelOf(int page) const;
     QString PictureKeyOf(int page) const;
     QList<QToolButton*> RaisedButtons() const;
-    void GameTypeOption(QRadioButton* option, const char* code);
     void EnterAllDone();
+    void SetupAnswerPages();
+    void FillFixedLists();
+    void GameTypeClick(const QString& code);
+    void Label42_Click();
 
     QAction* addGoto(const QString& caption, const char* handler);
 };
