@@ -6,10 +6,15 @@
 #include <QMouseEvent>
 #include <QPushButton>
 
+#include <utility>
+
 namespace platform {
 
 void ClickLabel::mouseReleaseEvent(QMouseEvent* event)
 {
+    // The release that ends a double click belongs to the double click.
+    if (std::exchange(afterDoubleClick_, false))
+        return;
     if (!rect().contains(event->position().toPoint()))
         return;
     if (event->button() == Qt::LeftButton)
@@ -20,8 +25,10 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event)
 
 void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton) {
+        afterDoubleClick_ = true;
         emit doubleClicked();
+    }
 }
 
 FolderChooser::FolderChooser(QWidget* parent) : QWidget(parent)

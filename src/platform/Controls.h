@@ -24,6 +24,9 @@ signals:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    bool afterDoubleClick_ = false;
 };
 
 // A folder chooser: the path shown in a box and a button that opens the

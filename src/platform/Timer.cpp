@@ -85,7 +85,8 @@ void Timer::advance(int ms)
         registry.now = next->due_;
         next->fire();
     }
-    registry.now = end;
+    // A handler may have opened a modal form in which the clock moved on.
+    registry.now = std::max(registry.now, end);
 }
 
 } // namespace platform

@@ -1,0 +1,50 @@
+#pragma once
+// Plays a scenario (see SCENARIOS.md) against the real forms, offscreen, in a
+// fresh temporary folder, and tells what didn't go as expected.
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace harness {
+
+struct ScenarioFailure {
+    int line = 0;    // line of the scenario, 0 for the run as a whole
+    QString message; // without the "<name>:<line>: " prefix
+};
+
+struct ScenarioResult {
+    bool passed = false;
+    std::vector<ScenarioFailure> failures;
+    QStringList output; // every line printed, failures included
+};
+
+struct ScenarioOptions {
+    // Replaces torvik::startProgram() for the "start" line, e.g. a test that
+    // builds a throwaway form. Runs after the program folder, the doubles and
+    // the manual clock are in place.
+    std::function<void()> start;
+    // Where TKGraphics.dll and the "repair" folder are copied from into
+    // $PROGRAM; empty leaves $PROGRAM empty.
+    QString programTemplate = QStringLiteral(TORVIK_BUILD_PROGRAM_DIR);
+    // Upper bound of one run, in real milliseconds.
+    int timeoutMs = 60000;
+    // Print every line before it runs.
+    bool verbose = false;
+    // Receives each output line as it happens.
+    std::function<void(const QString&)> print;
+};
+
+ScenarioResult runScenario(const QByteArray& text, const QString& name, const ScenarioOptions& options = {});
+inline ScenarioResult runScenario(const QString& text, const QString& name, const ScenarioOptions& options = {})
+{
+    return runScenario(text.toUtf8(), name, options);
+}
+ScenarioResult runScenarioFile(const QString& path, const ScenarioOptions& options = {});
+
+// Makes a process-wide value checkable with "check global NAME VALUE".
+void registerScenarioGlobal(const QString& name, std::function<QString()> read);
+
+} // namespace harness

@@ -1,0 +1,54 @@
+#pragma once
+// What a user does to the controls of a form and what a user sees on them,
+// for the scenario runner. Actions go through real input events wherever the
+// control reacts to them, so the program's handlers run as they would for a
+// user. Every function returns an empty string on success, or the reason it
+// couldn't be done.
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class QMenu;
+class QObject;
+class QWidget;
+
+namespace harness::ui {
+
+// The top-level window with this object name; a visible one is preferred.
+QWidget* findForm(const QString& name);
+// A named child anywhere inside the form: a widget, an action or a timer.
+QObject* findControl(QWidget* form, const QString& name);
+// The pop-up menu now open, if any.
+QMenu* openPopup();
+// The modal form or pop-up menu a nested event loop may be waiting on.
+QWidget* openModalOrPopup();
+
+// --- what the user sees ---
+QString readCaption(QObject* control, QString* found);
+QString readText(QObject* control, QString* found);
+QString readValue(QObject* control, QString* found);
+QString readToolTip(QObject* control, QString* found);
+QString readEnabled(QObject* control, bool* found);
+bool isVisibleToUser(QObject* control);
+// Rows of list, tree and report views (every item, depth first, first
+// column), combo box rows, tab captions, menu items.
+QString readRows(QObject* control, QStringList* found);
+QString readSelectedRows(QObject* control, QStringList* found);
+QString readItemEnabled(QObject* control, const QString& item, bool* found);
+// Every column of the row of a list, tree or report view.
+QString readCells(QObject* control, const QString& item, QStringList* found);
+
+// --- what the user does ---
+// A click with a mouse button (Qt::LeftButton or Qt::RightButton); item
+// names a row, a tab or a menu item, empty for the control itself.
+QString click(QObject* control, const QString& item, bool right, bool twice);
+QString setValue(QObject* control, const QString& value);
+QString typeText(QObject* control, const QString& text);
+QString pressKey(QObject* control, const QString& key);
+QString selectItems(QObject* control, const QStringList& items, bool select);
+
+// True for "yes"/"1"/"true", false for "no"/"0"/"false".
+std::optional<bool> parseBool(const QString& word);
+
+} // namespace harness::ui
