@@ -135,9 +135,10 @@ QString GetCmdLine(const ComposerInput& in)
         c += CRLF + QStringLiteral("+set ctf 1");
     if (!in.rateText.isEmpty() && in.rateIndex > 0)
         c += CRLF + QStringLiteral("+set rate ") + QString::number(rateForIndex(in.rateIndex));
-    if (in.ctfAutoTeams && in.specialTeams)
+    // Special and human-only teams count only while the automatic team size is off.
+    if (!in.ctfAutoTeams && in.specialTeams)
         c += CRLF + QStringLiteral("+set ctf_special_teams ") + in.specialTeamsBots;
-    if (in.ctfAutoTeams && in.humanOnlyTeams)
+    if (!in.ctfAutoTeams && in.humanOnlyTeams)
         c += CRLF + QStringLiteral("+set ctf_humanonly_teams 1");
     if (in.downloads) {
         c += CRLF + QStringLiteral("+set allow_download 1");

@@ -1,6 +1,7 @@
 // The answer pages of the main form: what their controls do, the command
 // made of them, and the launch.
 #include "custom/CustomForm.h"
+#include "media/Graphics.h"
 #include "pages/AdvancedForm.h"
 #include "pages/NumericBoxes.h"
 #include "platform/Dialogs.h"
@@ -81,8 +82,19 @@ void MainForm::SetupAnswerPages()
     pages::AttachNumericBox(gf.Text11, pages::FixedRule(0, 40, "0"));
 
     enableWith(ctf.Check37, ctf.Text16);
-    enableWith(ctf.Check36, ctf.Text14);
     enableWith(ctf.Check46, ctf.Text15);
+    connect(ctf.Check36, &QCheckBox::toggled, this, [this](bool on) {
+        auto& c = ui.CTFflags->ui;
+        c.Text14->setEnabled(on);
+        c.Check45->setEnabled(!on);
+        c.Check46->setEnabled(!on);
+        c.Text15->setEnabled(!on && c.Check46->isChecked());
+    });
+    connect(ctf.Check38, &QCheckBox::toggled, this, [this](bool on) { ui.CTFflags->ui.SSTab2->setTabEnabled(1, on); });
+    connect(ctf.SSTab2, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (PageNumber == 7)
+            media::ShowGraphic(tab == 1 ? QStringLiteral("showteameditor") : QStringLiteral("showctfflags"), ui.CurrentPix);
+    });
     pages::AttachNumericBox(ctf.Text14, pages::FixedRule(0, 50, "1"));
     pages::AttachNumericBox(ctf.Text16, pages::FixedRule(0, 50, "1"));
     QLineEdit* maxPlayers = dm.Text10;

@@ -436,7 +436,19 @@ void MainForm::Main_Next_Click()
     case 6:
         ui.GorvanFlags->setVisible(false);
         if (GameTypeCode == QLatin1String("CTF")) {
+            auto& ctf = ui.CTFflags->ui;
             ui.CTFflags->setVisible(true);
+            // Team assignment exists only for hand-picked bots.
+            if (ui.SpawnBots->ui.Option5->isChecked()) {
+                ctf.Check38->setEnabled(true);
+                ctf.SSTab2->setTabEnabled(1, ctf.Check38->isChecked());
+            } else {
+                ctf.Check38->setEnabled(false);
+                ctf.Check38->setChecked(false);
+                ctf.SSTab2->setTabEnabled(1, false);
+            }
+            ctf.SSTab2->setTabEnabled(0, true);
+            ctf.SSTab2->setCurrentIndex(0);
         } else {
             ++PageNumber;
             ui.PlayerSetup->setVisible(true);

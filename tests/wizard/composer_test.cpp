@@ -41,7 +41,7 @@ TEST(Composer, DedicatedStandsBeforeTheGameAndCustomOptionsFollowDeathmatch)
         << qPrintable(c);
 }
 
-TEST(Composer, CtfAutoTeamsDropMaxClientsAndRandomBots)
+TEST(Composer, CtfAutoTeamsDropMaxClientsRandomBotsAndTheSpecialTeams)
 {
     ComposerInput in = defaults();
     in.gameTypeCode = QStringLiteral("CTF");
@@ -54,15 +54,19 @@ TEST(Composer, CtfAutoTeamsDropMaxClientsAndRandomBots)
     EXPECT_TRUE(without.contains(QStringLiteral("+set maxclients 16")));
     EXPECT_TRUE(without.contains(QStringLiteral("+set bot_num 5")));
     EXPECT_TRUE(without.contains(QStringLiteral("+set capturelimit 10\r\n")));
-    in.ctfAutoTeams = true;
-    in.ctfTeamSize = QStringLiteral("5");
     in.specialTeams = true;
     in.specialTeamsBots = QStringLiteral("2");
+    in.humanOnlyTeams = true;
+    EXPECT_TRUE(GetCmdLine(in).contains(
+        QStringLiteral("+set ctf 1\r\n+set ctf_special_teams 2\r\n+set ctf_humanonly_teams 1\r\n")));
+    in.ctfAutoTeams = true;
+    in.ctfTeamSize = QStringLiteral("5");
     const QString with = GetCmdLine(in);
     EXPECT_FALSE(with.contains(QStringLiteral("maxclients")));
     EXPECT_FALSE(with.contains(QStringLiteral("bot_num")));
     EXPECT_TRUE(with.contains(QStringLiteral("+set ctf_auto_teams 5")));
-    EXPECT_TRUE(with.contains(QStringLiteral("+set ctf 1\r\n+set ctf_special_teams 2")));
+    EXPECT_FALSE(with.contains(QStringLiteral("ctf_special_teams")));
+    EXPECT_FALSE(with.contains(QStringLiteral("ctf_humanonly_teams")));
 }
 
 TEST(Composer, DmflagsSentReadFriendlyFireTheOtherWayFromTheTitle)
