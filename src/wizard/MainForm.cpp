@@ -485,7 +485,12 @@ void MainForm::EnterAllDone()
     const QString launcherCfg = platform::resolvePath(platform::joinPath(modFolder(), QStringLiteral("launcher.cfg")));
     // Unlike the clean-up at start-up, this delete doesn't clear a read-only
     // file, and the wizard can't go on with a configuration it can't replace.
-    if ((!cfg.isEmpty() && !QFile::remove(cfg)) || (!launcherCfg.isEmpty() && !QFile::remove(launcherCfg))) {
+    // A file whose owner may not write it is read-only here, even where the
+    // folder would let it go and even for root.
+    auto removeWritable = [](const QString& path) {
+        return path.isEmpty() || ((QFile::permissions(path) & QFileDevice::WriteOwner) && QFile::remove(path));
+    };
+    if (!removeWritable(cfg) || !removeWritable(launcherCfg)) {
         platform::msgBox(QStringLiteral("Error: Something has happened. Ending program!(1)"));
         ExitProgram(true);
         return;

@@ -203,11 +203,12 @@ RecordingLauncher::~RecordingLauncher()
 
 bool RecordingLauncher::start(const platform::ProcessStart& what)
 {
-    starts.push_back(what);
+    // A start that failed started nothing, so only successes are kept.
     if (failNext > 0) {
         --failNext;
         return false;
     }
+    starts.push_back(what);
     return true;
 }
 

@@ -87,7 +87,7 @@ private:
 };
 
 // Process starts recorded, not made. Each start succeeds unless failNext says
-// how many of the next ones fail.
+// how many of the next ones fail; a failed start is not recorded.
 class RecordingLauncher : public platform::ProcessLauncher {
 public:
     RecordingLauncher();
