@@ -749,8 +749,10 @@ TEST_F(ScenarioProgram, LaunchesAreRecordedAndCanBeMadeToFail)
         "fail-next-launch\n"
         "click Fake.Launch\n"
         "click Fake.Launch\n"
-        "check launches 1\n");
-    EXPECT_EQ(failedLines(r), (std::vector<int>{8, 12}));
+        "check launches 1\n"
+        "check launches 2\n");
+    // The failed start is not counted; line 13 finds none since line 12.
+    EXPECT_EQ(failedLines(r), (std::vector<int>{8, 13}));
     EXPECT_EQ(seen.events, (QStringList{QStringLiteral("Launch ok"), QStringLiteral("Launch failed"),
                                         QStringLiteral("Launch ok")}));
 }
