@@ -74,6 +74,7 @@ const CommandInfo kCommands[] = {
     {"select", Kind::Action, 2, -1},
     {"deselect", Kind::Action, 2, -1},
     {"close", Kind::Action, 1, 1},
+    {"snapshot", Kind::Action, 2, 2},
     {"advance", Kind::Action, 1, 1},
     {"answer", Kind::Box, 3, 3},
     {"input", Kind::Box, 3, 3},
@@ -845,6 +846,14 @@ QString Interpreter::doAction(const Line& line)
         if (!form || !form->isWindow() || line.word(1) == QLatin1String("popup"))
             return QStringLiteral("close takes a form");
         form->close();
+        return QString();
+    }
+    if (cmd == QLatin1String("snapshot")) {
+        auto* widget = qobject_cast<QWidget*>(target);
+        if (!widget)
+            return QStringLiteral("snapshot takes a form or a control");
+        if (!widget->grab().save(line.word(2), "PNG"))
+            return QStringLiteral("can't save the picture as %1").arg(quoteText(line.word(2)));
         return QString();
     }
     return QStringLiteral("unknown action");
