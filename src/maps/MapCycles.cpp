@@ -193,9 +193,9 @@ bool replaceCurrentCycle(const QString& title, QString* why)
     return true;
 }
 
-bool FixMapCycle(const QString& combo2Text)
+bool FixMapCycle(const QString& combo2Text, const QString& combo2FirstRow)
 {
-    if (combo2Text == kCurrentMapCycle)
+    if (combo2Text == combo2FirstRow)
         return true;
     if (replaceCurrentCycle(combo2Text))
         return true;

@@ -77,9 +77,10 @@ bool deleteSavedCycle(const QString& title);
 // spelling maps.txt already has). The saved cycle is read before maps.txt is
 // touched, so a missing cycle costs nothing. False with a reason otherwise.
 bool replaceCurrentCycle(const QString& title, QString* why = nullptr);
-// Run before the game starts with the drop-down's text. "Current Map Cycle"
-// leaves maps.txt alone. On a failure tells the user and ends the program;
-// false then.
-bool FixMapCycle(const QString& combo2Text);
+// Run before the game starts with the drop-down's text and its first row.
+// The text of the first row ("Current Map Cycle", or nothing while the list
+// was never filled) leaves maps.txt alone. On a failure tells the user and
+// ends the program; false then.
+bool FixMapCycle(const QString& combo2Text, const QString& combo2FirstRow = kCurrentMapCycle);
 
 } // namespace torvik

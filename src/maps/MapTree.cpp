@@ -156,6 +156,23 @@ MapTree singlePlayerMapTree()
     return tree;
 }
 
+int pickRandomNode(const MapTree& tree, const std::function<double()>& fraction)
+{
+    const QStringList texts = tree.nodeTexts();
+    const int n = int(texts.size());
+    auto pickable = [&texts](int position) { return !isCategoryName(texts[position - 1]); };
+    bool any = false;
+    for (int i = 1; i < n && !any; ++i)
+        any = pickable(i);
+    if (!any)
+        return 0;
+    for (;;) {
+        const int r = int(fraction() * n);
+        if (r >= 1 && r < n && pickable(r))
+            return r;
+    }
+}
+
 MapScanResult GetInternalPak(const QString& gameFolder, MapTree& tree)
 {
     const QString wanted = platform::joinPath(gameFolder, QStringLiteral("baseq2"));

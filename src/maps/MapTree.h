@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace torvik {
 
 inline const QString kInternalMapsText = QStringLiteral("Internal Maps");
@@ -57,6 +59,12 @@ MapTree mapTreeRoots();
 void LoadDef(MapTree& tree);
 // The single player tree: "Internal Maps" alone, with the stock maps.
 MapTree singlePlayerMapTree();
+
+// "Pick Random" on both trees: r = the whole part of fraction() times the
+// node count, drawn again while r is 0 or node r is a category. r stays below
+// the count, so the last node is never picked, on purpose. 0 when no node can
+// be picked at all, where drawing again would never end.
+int pickRandomNode(const MapTree& tree, const std::function<double()>& fraction);
 
 // --- the starting map page ---
 // Each fills the catalogue and the tree as far as it gets; on a failure the

@@ -190,6 +190,9 @@ TEST_F(MapsCycleFixture, CurrentMapCycleLeavesMapsTxtByteForByte)
     writeBytes(saved("CTF1.mc"), "q2ctf1\r\n\r\n");
     const QMap<QString, QByteArray> before = snapshot(dir.path());
     EXPECT_TRUE(FixMapCycle(kCurrentMapCycle));
+    // A drop-down never filled (the maps were never read) has an empty text
+    // and an empty first row: nothing to do either.
+    EXPECT_TRUE(FixMapCycle(QString(), QString()));
     EXPECT_EQ(snapshot(dir.path()), before);
 }
 

@@ -341,6 +341,40 @@ TEST(MapsTreeNodes, PositionsCountCategoriesFirstThenMapsInCategoryOrder)
     EXPECT_EQ(singlePlayerMapTree().nodeCount(), 41);
 }
 
+TEST(MapsRandomPick, DrawsAgainOnZeroAndCategoriesAndNeverReachesTheLastNode)
+{
+    const MapTree sp = singlePlayerMapTree(); // 41 nodes: the category, Base1 .. Boss2
+    QList<double> draws{0.0, 0.02, 0.025, 0.9999};
+    auto next = [&draws] { return draws.takeFirst(); };
+    // 0 and 0.02 give node 0, 0.025 the category at node 1, 0.9999 node 40.
+    EXPECT_EQ(sp.nodeText(pickRandomNode(sp, next)), QStringLiteral("Boss1"));
+    EXPECT_TRUE(draws.isEmpty());
+
+    // Whatever the source gives, node 41 ("Boss2") can't come out.
+    QSet<QString> picked;
+    for (int k = 0; k < 4100; ++k) {
+        double f = k / 4100.0;
+        const int r = pickRandomNode(sp, [&f] {
+            const double v = f;
+            f = 0.5; // a later draw, when the first one is refused
+            return v;
+        });
+        ASSERT_GE(r, 2);
+        ASSERT_LE(r, 40);
+        picked.insert(sp.nodeText(r));
+    }
+    EXPECT_EQ(picked.size(), 39);
+    EXPECT_FALSE(picked.contains(QStringLiteral("Boss2")));
+
+    // A tree whose only map is its last node has nothing to pick.
+    MapTree lone = mapTreeRoots();
+    lone.addMap(kExternalMapsKey, QStringLiteral("only"));
+    EXPECT_EQ(pickRandomNode(lone, [] { return 0.5; }), 0);
+    EXPECT_EQ(pickRandomNode(MapTree{}, [] { return 0.5; }), 0);
+    lone.addMap(kExternalMapsKey, QStringLiteral("last"));
+    EXPECT_EQ(lone.nodeText(pickRandomNode(lone, [] { return 0.9; })), QStringLiteral("only"));
+}
+
 // --- the cycle editor's lists ---
 
 TEST(MapsCheckMaps, StockMapsLeaveTheBaseq2ListAndTheScanStartsOver)
