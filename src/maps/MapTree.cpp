@@ -57,6 +57,19 @@ bool isCategoryName(const QString& text)
            || text == kExternalMapsText;
 }
 
+int categoryPosition(const QString& text)
+{
+    if (text == kInternalMapsText)
+        return 1;
+    if (text == kBaseq2PakMapsText)
+        return 2;
+    if (text == kGorvanPakMapsText)
+        return 3;
+    if (text == kExternalMapsText)
+        return 4;
+    return 0;
+}
+
 void MapTree::addCategory(const QString& text, const QString& key) { categories.append(MapTreeCategory{text, key, {}}); }
 
 bool MapTree::addMap(const QString& key, const QString& name)
@@ -111,6 +124,13 @@ QStringList MapTree::nodeTexts() const
     for (const MapTreeCategory& c : categories)
         texts << c.maps;
     return texts;
+}
+
+QStringList MapTree::childrenOf(int position) const
+{
+    if (position < 1 || position > categories.size())
+        return QStringList();
+    return categories[position - 1].maps;
 }
 
 void MapTree::removeNode(int position)

@@ -24,6 +24,10 @@ inline const QString kExternalMapsKey = QStringLiteral("EM");
 // Exactly one of the four category texts (case counts): a map called
 // "External Maps" is taken for the category, as the tree handlers always have.
 bool isCategoryName(const QString& text);
+// Where a category stands in a full tree: "Internal Maps" 1, "Baseq2 PAK File
+// Maps" 2, "Gorvan PAK File Maps" 3, "External Maps" 4; 0 for any other text.
+// Fixed by the name, whatever was taken out of the tree since.
+int categoryPosition(const QString& text);
 
 struct MapTreeCategory {
     QString text;
@@ -48,6 +52,9 @@ struct MapTree {
     // Empty for a position outside 1..nodeCount().
     QString nodeText(int position) const;
     QStringList nodeTexts() const;
+    // The nodes below the node at that position, in order: a category's
+    // maps. Nothing for a map or a position outside 1..nodeCount().
+    QStringList childrenOf(int position) const;
     // Drops the node at that position, a category together with its maps.
     // Nothing happens for a position outside 1..nodeCount().
     void removeNode(int position);
