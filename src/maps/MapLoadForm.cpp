@@ -1,0 +1,66 @@
+#include "maps/MapLoadForm.h"
+
+#include "maps/MapCycles.h"
+#include "platform/Dialogs.h"
+
+namespace torvik {
+
+MapLoadForm::MapLoadForm(QWidget* parent) : QDialog(parent)
+{
+    ui.setupUi(this);
+    FillList();
+    connect(ui.List1, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { ui.Label2->setText(item->text()); });
+    connect(ui.Command1, &QPushButton::clicked, this, &MapLoadForm::Command1_Click);
+    connect(ui.Command2, &QPushButton::clicked, this, &QDialog::reject);
+    connect(ui.Command3, &QPushButton::clicked, this, &MapLoadForm::Command3_Click);
+}
+
+void MapLoadForm::FillList()
+{
+    ui.List1->clear();
+    ui.List1->addItems(LoadMapCycles());
+}
+
+void MapLoadForm::Command1_Click()
+{
+    const QString chosen = ui.Label2->text();
+    if (chosen.isEmpty()) {
+        platform::msgBox(QStringLiteral("No Map Cycle selected to open!"));
+        return;
+    }
+    std::optional<QStringList> maps;
+    QListWidgetItem* first = ui.List1->item(0);
+    if (first && first->isSelected()) {
+        maps = readCurrentMapCycle();
+        if (!maps) {
+            platform::msgBox(QStringLiteral("Current Map Cycle couldn't be loaded!"));
+            return;
+        }
+        loadedTitle = kCurrentCycleTitle;
+    } else {
+        maps = readSavedMapCycle(chosen);
+        if (!maps) {
+            platform::msgBox(QStringLiteral("The map cycle %1 couldn't be loaded!").arg(chosen));
+            return;
+        }
+        loadedTitle = chosen;
+    }
+    loadedMaps = *maps;
+    accept();
+}
+
+void MapLoadForm::Command3_Click()
+{
+    QListWidgetItem* item = ui.List1->currentItem();
+    const int row = item && item->isSelected() ? ui.List1->row(item) : -1;
+    // The mod's own cycle can't be deleted from here.
+    if (row <= 0)
+        return;
+    if (!deleteSavedCycle(ui.Label2->text()))
+        return;
+    delete ui.List1->takeItem(row);
+    FillList();
+    ui.Label2->setText(QString());
+}
+
+} // namespace torvik
