@@ -74,6 +74,26 @@ platform::Answer safeAnswer(platform::Buttons buttons)
     return platform::Answer::Ok;
 }
 
+ScriptedRandom::ScriptedRandom() { platform::setRandomSource(this); }
+
+ScriptedRandom::~ScriptedRandom() { platform::setRandomSource(nullptr); }
+
+double ScriptedRandom::fraction()
+{
+    ++draws;
+    if (!queued.empty()) {
+        const double v = queued.front();
+        queued.pop_front();
+        return v;
+    }
+    // splitmix64: plenty for picking maps, and the same on every machine.
+    quint64 z = (state_ += 0x9e3779b97f4a7c15ull);
+    z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ull;
+    z = (z ^ (z >> 27)) * 0x94d049bb133111ebull;
+    z ^= z >> 31;
+    return double(z >> 11) / double(1ull << 53);
+}
+
 RecordingDialogs::RecordingDialogs() { platform::setDialogs(this); }
 
 RecordingDialogs::~RecordingDialogs()

@@ -4,6 +4,7 @@
 // program recorded instead of happening.
 #include "platform/Dialogs.h"
 #include "platform/Process.h"
+#include "platform/Random.h"
 
 #include <QString>
 #include <QStringList>
@@ -99,6 +100,25 @@ public:
 
     std::vector<platform::ProcessStart> starts;
     int failNext = 0;
+};
+
+// Random values handed out in the order queued; once the queue is empty, the
+// values of a generator with a fixed seed, so runs repeat exactly.
+class ScriptedRandom : public platform::RandomSource {
+public:
+    // Installs itself as the program's random source until destroyed.
+    ScriptedRandom();
+    ~ScriptedRandom() override;
+    ScriptedRandom(const ScriptedRandom&) = delete;
+    ScriptedRandom& operator=(const ScriptedRandom&) = delete;
+
+    double fraction() override;
+
+    std::deque<double> queued;
+    int draws = 0; // values handed out so far
+
+private:
+    quint64 state_ = 0x9e3779b97f4a7c15ull;
 };
 
 // Watches the end of the program instead of letting it end the process.

@@ -5,6 +5,9 @@
 #include "UserActions.h"
 
 #include "demo/DemoInstall.h"
+#include "maps/MapCatalogue.h"
+#include "maps/MapCycles.h"
+#include "maps/MapInfo.h"
 #include "platform/SingleInstance.h"
 #include "platform/Timer.h"
 #include "wizard/Globals.h"
@@ -58,6 +61,7 @@ const CommandInfo kCommands[] = {
     {"no-location-files", Kind::Option, 0, 0},
     {"other-instance", Kind::Preparation, 0, 0},
     {"fail-next-launch", Kind::Preparation, 0, 0},
+    {"random", Kind::Preparation, 1, -1},
     {"write", Kind::Preparation, 2, 2},
     {"copy", Kind::Preparation, 2, 2},
     {"remove", Kind::Preparation, 1, 1},
@@ -123,6 +127,11 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("KeepMapLabel", &torvik::KeepMapLabel);
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
+        text("InfoMapName", &torvik::InfoMapName);
+        text("CycleTitle", &torvik::CycleTitle);
+        number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
+        number("NoGorvanPakMaps", &torvik::NoGorvanPakMaps);
+        t[QStringLiteral("MapCatalogueCount")] = [] { return QString::number(torvik::MapCatalogueCount); };
         return t;
     }();
     return table;
@@ -258,6 +267,8 @@ private:
     std::unique_ptr<RecordingDialogs> dialogs_;
     std::unique_ptr<RecordingLauncher> launcher_;
     std::unique_ptr<ExitRecorder> exit_;
+    std::unique_ptr<ScriptedRandom> random_;
+    int lastRandomLine_ = 0;
     std::unique_ptr<QLockFile> lock_;
     bool noLocationFiles_ = false;
     bool started_ = false;
@@ -379,6 +390,14 @@ QString Interpreter::validate(const Line& line) const
         return QStringLiteral("demo takes \"mixed-case\"");
     if (cmd == QLatin1String("answer") && !answerFromName(line.word(1)))
         return QStringLiteral("answer takes Yes, No, Ok or Cancel, not \"%1\"").arg(line.word(1));
+    if (cmd == QLatin1String("random")) {
+        for (qsizetype i = 1; i < line.words.size(); ++i) {
+            bool ok = false;
+            const double v = line.word(int(i)).toDouble(&ok);
+            if (!ok || v < 0.0 || v >= 1.0)
+                return QStringLiteral("random takes values from 0 up to but not including 1, not \"%1\"").arg(line.word(int(i)));
+        }
+    }
     if (cmd == QLatin1String("advance")) {
         bool ok = false;
         const int ms = line.word(1).toInt(&ok);
@@ -589,6 +608,8 @@ void Interpreter::finishStep()
         fail(info.line, QStringLiteral("the %1 was never used").arg(info.what));
     }
     queue.clear();
+    if (!random_->queued.empty())
+        fail(lastRandomLine_, QStringLiteral("%1 random value(s) queued here were never drawn").arg(random_->queued.size()));
     phase_ = Phase::Done;
 }
 
@@ -705,6 +726,12 @@ QString Interpreter::doPreparation(const Line& line)
     }
     if (cmd == QLatin1String("fail-next-launch")) {
         ++launcher_->failNext;
+        return QString();
+    }
+    if (cmd == QLatin1String("random")) {
+        for (qsizetype i = 1; i < line.words.size(); ++i)
+            random_->queued.push_back(line.word(int(i)).toDouble());
+        lastRandomLine_ = line.number;
         return QString();
     }
     if (cmd == QLatin1String("write")) {
@@ -1065,6 +1092,7 @@ ScenarioResult Interpreter::run()
     dialogs_ = std::make_unique<RecordingDialogs>();
     launcher_ = std::make_unique<RecordingLauncher>();
     exit_ = std::make_unique<ExitRecorder>();
+    random_ = std::make_unique<ScriptedRandom>();
     dialogs_->onProblem = [this](const QString& problem) { fail(currentLine(), problem); };
     const bool manualBefore = platform::Timer::manualClock();
     platform::Timer::useManualClock(true);
@@ -1109,6 +1137,7 @@ ScenarioResult Interpreter::run()
     cleanup();
     platform::Timer::useManualClock(manualBefore);
     exit_.reset();
+    random_.reset();
     launcher_.reset();
     dialogs_.reset();
 
