@@ -1,6 +1,7 @@
 // The answer pages of the main form: what their controls do, the command
 // made of them, and the launch.
 #include "custom/CustomForm.h"
+#include "maps/MapCycles.h"
 #include "media/Graphics.h"
 #include "pages/AdvancedForm.h"
 #include "pages/NumericBoxes.h"
@@ -164,11 +165,18 @@ void MainForm::FillFixedLists()
 void MainForm::GameTypeClick(const QString& code)
 {
     if (code == QLatin1String("SP")) {
+        if (GameTypeCode != code) {
+            GameTypeCode = code;
+            AddMaps();
+        }
         GameTypeCode = code;
         return;
     }
-    if (GameTypeCode == QLatin1String("SP"))
+    // Single player has a map tree of its own.
+    if (GameTypeCode == QLatin1String("SP")) {
         GameTypeCode = code;
+        AddMaps();
+    }
     // Every click puts the map of the game type back, even without a change:
     // players expect a fitting map after choosing the game.
     if (DataFileMode == 0)
@@ -335,6 +343,9 @@ void MainForm::Start_Click()
     const QString folder = gameFolder();
     // Saving the answers and the chosen map cycle come before the launch.
     if (ad.Check26->isChecked() && ad.Check44->isChecked())
+        return;
+    const QComboBox* cycles = ui.StartMap->ui.Combo2;
+    if (!FixMapCycle(cycles->currentText(), cycles->itemText(0)))
         return;
 
     platform::ProcessStart start;

@@ -86,6 +86,7 @@ void MainForm::ConnectControls()
     connect(ui.Dir2, &platform::FolderChooser::pathChanged, this, &MainForm::Command2_Click);
 
     SetupAnswerPages();
+    SetupMapPage();
 }
 
 // ---------------------------------------------------------------- load
@@ -102,8 +103,12 @@ void MainForm::Form_Load()
     CheckFileLocs();
     if (programEnded())
         return;
-    if (LocationsMissing != 1)
+    if (LocationsMissing != 1) {
+        AddMaps();
+        if (programEnded())
+            return;
         UpdateDMFlags();
+    }
 }
 
 bool MainForm::FixStuff()
@@ -589,8 +594,12 @@ void MainForm::Main_Cancel_Click()
     if (PrefsOpen == 1) {
         PrefsOpen = 0;
         StoredExeValid = 1;
-        if (ReloadAfterPrefs == 1)
+        if (ReloadAfterPrefs == 1) {
             ReloadAfterPrefs = 0;
+            AddMaps();
+            if (programEnded())
+                return;
+        }
         ui.Preferences->setVisible(false);
         ShowPagePicture();
     } else if (AboutOpen != 1) {

@@ -57,6 +57,14 @@ public:
     void Start_Click();
     ComposerInput ReadAnswers() const;
 
+    // Maps (MainMaps.cpp).
+    void AddMaps();
+    void LoadMapCycles();
+    void Command5_Click();
+    void Command18_Click();
+    void Command26_Click();
+    QString SelectedNodeText;
+
     // Locations.
     void CheckFileLocs();
     void Command16_Click();
@@ -82,6 +90,8 @@ private:
     void FillFixedLists();
     void GameTypeClick(const QString& code);
     void Label42_Click();
+    void SetupMapPage();
+    bool AddMapsRun(QString* failure);
 
     QAction* addGoto(const QString& caption, const char* handler);
 };
