@@ -62,6 +62,7 @@ const CommandInfo kCommands[] = {
     {"other-instance", Kind::Preparation, 0, 0},
     {"fail-next-launch", Kind::Preparation, 0, 0},
     {"random", Kind::Preparation, 1, -1},
+    {"pak", Kind::Preparation, 1, -1},
     {"write", Kind::Preparation, 2, 2},
     {"copy", Kind::Preparation, 2, 2},
     {"remove", Kind::Preparation, 1, 1},
@@ -176,6 +177,57 @@ bool canOpen(const QString& path, int flags)
         return false;
     ::close(fd);
     return true;
+}
+
+// "maps/m{1..3}.bsp" is maps/m1.bsp, maps/m2.bsp, maps/m3.bsp; a name
+// without a range stands for itself.
+QList<QByteArray> expandRange(const QByteArray& name, bool* ok)
+{
+    *ok = true;
+    const qsizetype open = name.indexOf('{');
+    const qsizetype dots = name.indexOf("..", open);
+    const qsizetype close = name.indexOf('}', dots);
+    if (open < 0 || dots < 0 || close < 0)
+        return {name};
+    bool okFirst = false;
+    bool okLast = false;
+    const int first = name.mid(open + 1, dots - open - 1).toInt(&okFirst);
+    const int last = name.mid(dots + 2, close - dots - 2).toInt(&okLast);
+    if (!okFirst || !okLast || first > last || last - first > 100000) {
+        *ok = false;
+        return {};
+    }
+    QList<QByteArray> names;
+    for (int i = first; i <= last; ++i)
+        names << name.left(open) + QByteArray::number(i) + name.mid(close + 1);
+    return names;
+}
+
+void putLe32(QByteArray& out, quint32 v)
+{
+    out.append(char(v & 0xff)).append(char((v >> 8) & 0xff)).append(char((v >> 16) & 0xff)).append(char(v >> 24));
+}
+
+// A PAK archive as the game's tools write it: header, each member's data
+// ("IBSP"), then the directory. A name of 56 bytes or more fills its field
+// without the ending NUL.
+QByteArray pakArchive(const QList<QByteArray>& names)
+{
+    const QByteArray data("IBSP");
+    QByteArray body;
+    QByteArray dir;
+    for (const QByteArray& name : names) {
+        QByteArray entry = name.left(56);
+        entry += QByteArray(56 - entry.size(), '\0');
+        putLe32(entry, quint32(12 + body.size()));
+        putLe32(entry, quint32(data.size()));
+        dir += entry;
+        body += data;
+    }
+    QByteArray out("PACK");
+    putLe32(out, quint32(12 + body.size()));
+    putLe32(out, quint32(dir.size()));
+    return out + body + dir;
 }
 
 bool copyTree(const QString& from, const QString& to)
@@ -390,6 +442,14 @@ QString Interpreter::validate(const Line& line) const
         return QStringLiteral("demo takes \"mixed-case\"");
     if (cmd == QLatin1String("answer") && !answerFromName(line.word(1)))
         return QStringLiteral("answer takes Yes, No, Ok or Cancel, not \"%1\"").arg(line.word(1));
+    if (cmd == QLatin1String("pak")) {
+        for (qsizetype i = 2; i < line.words.size(); ++i) {
+            bool ok = false;
+            expandRange(line.words[i].bytes, &ok);
+            if (!ok)
+                return QStringLiteral("pak takes names with a range {FIRST..LAST}, not \"%1\"").arg(line.word(int(i)));
+        }
+    }
     if (cmd == QLatin1String("random")) {
         for (qsizetype i = 1; i < line.words.size(); ++i) {
             bool ok = false;
@@ -726,6 +786,19 @@ QString Interpreter::doPreparation(const Line& line)
     }
     if (cmd == QLatin1String("fail-next-launch")) {
         ++launcher_->failNext;
+        return QString();
+    }
+    if (cmd == QLatin1String("pak")) {
+        QList<QByteArray> names;
+        for (qsizetype i = 2; i < line.words.size(); ++i) {
+            bool ok = false;
+            names << expandRange(line.words[i].bytes, &ok);
+        }
+        const QByteArray bytes = pakArchive(names);
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile f(path);
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
+            return QStringLiteral("can't write %1").arg(quoteText(path));
         return QString();
     }
     if (cmd == QLatin1String("random")) {
