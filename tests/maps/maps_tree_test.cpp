@@ -250,6 +250,19 @@ TEST_F(MapsTreeFixture, FolderNamedLikeAPakIsNoPak)
     EXPECT_EQ(categoryTexts(tree), QStringList{kInternalMapsText});
     EXPECT_EQ(NoInternalPakMaps, 1);
     EXPECT_EQ(NoGorvanPakMaps, 1);
+
+    // A folder isn't listed, so the catalogue of an earlier run stays; an
+    // empty file is a PAK without maps, and with a PAK listed the catalogue
+    // starts afresh.
+    storeMapCatalogueRow(QStringLiteral("earlier"), 7, QStringLiteral("/old.pak"));
+    ASSERT_TRUE(buildMultiplayerMapTree(game, mod, tree).ok());
+    EXPECT_EQ(catalogueNames(), QStringList{"earlier"});
+    writeBytes(base + "/empty.pak", QByteArray());
+    writeBytes(mod + "/empty.pak", QByteArray());
+    const MapScanResult again = buildMultiplayerMapTree(game, mod, tree);
+    ASSERT_TRUE(again.ok()) << again.detail.toStdString();
+    EXPECT_EQ(categoryTexts(tree), QStringList{kInternalMapsText});
+    EXPECT_EQ(MapCatalogueCount, 0);
 }
 
 TEST_F(MapsTreeFixture, MissingFoldersStopTheBuildWhereTheyAreMet)
