@@ -9,7 +9,16 @@ MapLoadForm::MapLoadForm(QWidget* parent) : QDialog(parent)
 {
     ui.setupUi(this);
     FillList();
-    connect(ui.List1, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { ui.Label2->setText(item->text()); });
+    // A row chosen by the mouse or the keys is the one to open or delete.
+    auto choose = [this](QListWidgetItem* item) {
+        if (item)
+            ui.Label2->setText(item->text());
+    };
+    connect(ui.List1, &QListWidget::itemClicked, this, choose);
+    connect(ui.List1, &QListWidget::itemSelectionChanged, this, [this, choose] {
+        const QList<QListWidgetItem*> rows = ui.List1->selectedItems();
+        choose(rows.isEmpty() ? nullptr : rows.first());
+    });
     connect(ui.Command1, &QPushButton::clicked, this, &MapLoadForm::Command1_Click);
     connect(ui.Command2, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui.Command3, &QPushButton::clicked, this, &MapLoadForm::Command3_Click);
