@@ -3,6 +3,7 @@
 // lists that are built from the chosen bots.
 #include "bots/BotStore.h"
 #include "bots/Examination.h"
+#include "pages/BotViews.h"
 #include "pages/NumericBox.h"
 #include "platform/Dialogs.h"
 #include "platform/Timer.h"
@@ -11,9 +12,7 @@
 #include "wizard/ProgressForm.h"
 
 #include <QEvent>
-#include <QHeaderView>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPointer>
 
 #include <functional>
@@ -21,56 +20,9 @@
 namespace torvik {
 namespace {
 
-// The key of the icon a report row carries, as the page's image list names
-// it; the picture itself is only what the user sees of it.
-constexpr int kIconKeyRole = Qt::UserRole + 1;
-const QString kCheck = QStringLiteral("Check");
-
-QIcon checkIcon()
-{
-    static const QIcon icon = [] {
-        QPixmap pm(16, 16);
-        pm.fill(Qt::transparent);
-        QPainter p(&pm);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setPen(QPen(QColor(0, 128, 0), 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        const QPointF tick[] = {{3.0, 8.5}, {6.5, 12.0}, {13.0, 4.0}};
-        p.drawPolyline(tick, 3);
-        return QIcon(pm);
-    }();
-    return icon;
-}
-
-QString iconKey(const QTreeWidgetItem* item) { return item->data(0, kIconKeyRole).toString(); }
-
-void setIconKey(QTreeWidgetItem* item, const QString& key)
-{
-    if (iconKey(item) == key)
-        return;
-    item->setData(0, kIconKeyRole, key);
-    item->setIcon(0, key.isEmpty() ? QIcon() : checkIcon());
-}
-
-// Column widths are kept in the form units the page was laid out in.
-int formUnits(int twips) { return twips / 15; }
-
-void setColumns(QTreeWidget* view, const std::initializer_list<std::pair<const char*, int>>& columns)
-{
-    QStringList headers;
-    for (const auto& c : columns)
-        headers << QString::fromLatin1(c.first);
-    view->setColumnCount(int(headers.size()));
-    view->setHeaderLabels(headers);
-    int i = 0;
-    for (const auto& c : columns)
-        view->setColumnWidth(i++, formUnits(c.second));
-}
-
-void clearColumns(QTreeWidget* view)
-{
-    view->clear();
-    view->setColumnCount(0);
-}
+using pages::iconKey;
+using pages::kCheckKey;
+using pages::setIconKey;
 
 // Left double clicks anywhere in a report view, on a row or not, and right
 // presses: the pages act on the row last clicked, not on the one under the
@@ -119,8 +71,8 @@ void MainForm::SetupBotPages()
     Progress = new ProgressForm(this);
 
     // The two views of each page stand at one place, one of them shown.
-    clearColumns(sb.ListView1);
-    clearColumns(tm.ListView2);
+    pages::clearReportColumns(sb.ListView1);
+    pages::clearReportColumns(tm.ListView2);
     for (QTreeWidget* view : {sb.ListView1, tm.ListView2}) {
         view->setSortingEnabled(false);
         view->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -227,32 +179,11 @@ void MainForm::GetNewBots()
     if (showProgress)
         Progress->hide();
 
-    sb.ListView1->clear();
-    sb.List2->clear();
     if (listed) {
-        setColumns(sb.ListView1, {{"Bot Name(s)", 1200},
-                                  {"Model/Skin", 1100},
-                                  {"Accuracy", 300},
-                                  {"Agresiveness", 300},
-                                  {"Combat Skills", 300},
-                                  {"Favorite Weapon", 300},
-                                  {"Quad Freak", 300},
-                                  {"Camper", 300},
-                                  {"Average Ping", 460}});
-        QList<QTreeWidgetItem*> items;
-        QStringList names;
-        items.reserve(qsizetype(listed->size()));
-        names.reserve(qsizetype(listed->size()));
-        for (int row : *listed) {
-            const BotRecord& b = Bots[size_t(row)];
-            items << new QTreeWidgetItem(QStringList{b.Name, b.ModelSkin, QString::number(b.Accuracy),
-                                                     QString::number(b.Aggressiveness), QString::number(b.CombatSkills),
-                                                     QString::number(b.FavoriteWeapon), QString::number(b.QuadFreak),
-                                                     QString::number(b.Camper), QString::number(b.Ping)});
-            names << b.Name;
-        }
-        sb.ListView1->addTopLevelItems(items);
-        sb.List2->addItems(names);
+        pages::fillBotViews(sb.ListView1, sb.List2, Bots, *listed);
+    } else {
+        sb.ListView1->clear();
+        sb.List2->clear();
     }
     CheckSel();
 }
@@ -261,7 +192,7 @@ void MainForm::GetNewTeams()
 {
     auto& tm = ui.Teams->ui;
     tm.ListView2->setSortingEnabled(false);
-    clearColumns(tm.ListView2);
+    pages::clearReportColumns(tm.ListView2);
     tm.List3->clear();
     tm.Combo1->clear();
     if (!torvik::GetNewTeams())
@@ -271,16 +202,9 @@ void MainForm::GetNewTeams()
         platform::msgBox(QStringLiteral("No teams found."));
         return;
     }
-    setColumns(tm.ListView2, {{"Team Name(s)", 1100}, {"Abb.", 330}, {"Model/Skin", 800}, {"Team Members", 2500}});
-    QList<QTreeWidgetItem*> items;
-    QStringList names;
-    for (const TeamRecord& t : Teams) {
-        items << new QTreeWidgetItem(QStringList{t.Name, t.Abbreviation, t.ModelSkin, t.Members});
-        names << t.Name;
-    }
-    tm.List3->addItems(names);
-    tm.ListView2->addTopLevelItems(items);
-    tm.Combo1->addItems(names);
+    pages::fillTeamViews(tm.ListView2, tm.List3, Teams);
+    for (const TeamRecord& t : Teams)
+        tm.Combo1->addItem(t.Name);
     if (tm.Combo1->count() > 0)
         tm.Combo1->setCurrentIndex(0);
 }
@@ -359,9 +283,7 @@ void MainForm::Check34_Click()
 void MainForm::CheckSel()
 {
     auto& sb = ui.SpawnBots->ui;
-    const int rows = qMin(sb.List2->count(), sb.ListView1->topLevelItemCount());
-    for (int i = 0; i < rows; ++i)
-        setIconKey(sb.ListView1->topLevelItem(i), sb.List2->item(i)->isSelected() ? kCheck : QString());
+    pages::markSelectedRows(sb.ListView1, sb.List2);
     sb.Label36->setText(QString::number(selectedCount(sb.List2)));
     sb.Label2->setText(QLatin1Char('/') + QString::number(sb.List2->count()));
 }
@@ -377,8 +299,8 @@ void MainForm::ListView1_DblClick()
     QListWidgetItem* row = sb.List2->item(ListCurrentBot - 1);
     if (!item || !row)
         return;
-    const bool marked = iconKey(item) == kCheck;
-    setIconKey(item, marked ? QString() : kCheck);
+    const bool marked = iconKey(item) == kCheckKey;
+    setIconKey(item, marked ? QString() : kCheckKey);
     row->setSelected(!marked);
 }
 
@@ -429,9 +351,7 @@ void MainForm::Command3_Click()
 void MainForm::CheckSel1()
 {
     auto& tm = ui.Teams->ui;
-    const int rows = qMin(tm.List3->count(), tm.ListView2->topLevelItemCount());
-    for (int i = 0; i < rows; ++i)
-        setIconKey(tm.ListView2->topLevelItem(i), tm.List3->item(i)->isSelected() ? kCheck : QString());
+    pages::markSelectedRows(tm.ListView2, tm.List3);
 }
 
 // The player's own team can never be an opponent.
@@ -444,8 +364,8 @@ void MainForm::ListView2_DblClick()
     QListWidgetItem* row = tm.List3->item(ListCurrentTeam - 1);
     if (!item || !row || item->text(0) == tm.Combo1->currentText())
         return;
-    const bool marked = iconKey(item) == kCheck;
-    setIconKey(item, marked ? QString() : kCheck);
+    const bool marked = iconKey(item) == kCheckKey;
+    setIconKey(item, marked ? QString() : kCheckKey);
     row->setSelected(!marked);
 }
 
@@ -472,7 +392,7 @@ void MainForm::List3_DblClick()
         return;
     }
     if (QTreeWidgetItem* item = tm.ListView2->topLevelItem(tm.List3->row(row)))
-        setIconKey(item, row->isSelected() ? kCheck : QString());
+        setIconKey(item, row->isSelected() ? kCheckKey : QString());
 }
 
 void MainForm::Combo1_Click()
