@@ -205,9 +205,13 @@ void MainForm::Command16_Click()
     Dontshow();
     Dontshow1();
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
+    // A folder list set to the folder it already shows raises no change, so
+    // a later visit doesn't ask for the executable again.
     if (Quake2Set != 0 && GorvanSet != 0) {
-        ui.Dir1->setPath(gameFolder());
-        ui.Dir2->setPath(modFolder());
+        if (ui.Dir1->path() != gameFolder())
+            ui.Dir1->setPath(gameFolder());
+        if (ui.Dir2->path() != modFolder())
+            ui.Dir2->setPath(modFolder());
     }
     media::ShowGraphic(QStringLiteral("showpref"), ui.CurrentPix);
     SetCloseTool(true);
@@ -392,10 +396,20 @@ void MainForm::ShowPagePicture()
     media::ShowGraphic(PictureKeyOf(PageNumber), ui.CurrentPix);
 }
 
-void MainForm::ShowPageOf(int page)
+// Player Setup may stay shown after a jump (the pages are cleared without
+// it); the page the user went to must lie above it.
+void MainForm::RaisePanelOf(int page)
 {
     if (QWidget* panel = PanelOf(page))
+        panel->raise();
+}
+
+void MainForm::ShowPageOf(int page)
+{
+    if (QWidget* panel = PanelOf(page)) {
         panel->setVisible(true);
+        panel->raise();
+    }
 }
 
 void MainForm::Main_Next_Click()
@@ -473,6 +487,7 @@ void MainForm::Main_Next_Click()
         return;
     }
     ++PageNumber;
+    RaisePanelOf(PageNumber);
     ShowPagePicture();
 }
 
@@ -506,7 +521,7 @@ void MainForm::Main_Previous_Click()
         ui.GameType->setVisible(false);
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
-        FillFixedLists();
+        update();
         break;
     case 3:
         ClearFrames();
@@ -557,6 +572,7 @@ void MainForm::Main_Previous_Click()
         return;
     }
     --PageNumber;
+    RaisePanelOf(PageNumber);
     ShowPagePicture();
 }
 
