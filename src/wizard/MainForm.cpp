@@ -263,9 +263,12 @@ void MainForm::Command1_Click()
         SetCloseTool(false);
         return;
     }
+    // Without a row to go by (the stored game is no longer in the folder)
+    // the stored name is kept: a folder path alone would start nothing.
     QListWidgetItem* chosen = ui.File5->currentItem();
+    const QString name = chosen ? chosen->text() : platform::fileNameOf(Quake2Location);
     ui.Text7->setText(kQuakeSet);
-    Quake2Location = platform::joinPath(folder, chosen ? chosen->text() : QString());
+    Quake2Location = platform::joinPath(folder, name);
     if (!writeLocationFile(QStringLiteral("quake2.loc"), Quake2Location))
         platform::msgBox(QStringLiteral("Couldn't save the Quake2 location (quake2.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
