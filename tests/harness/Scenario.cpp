@@ -319,6 +319,7 @@ bool Interpreter::prepareFolders()
     vars_.insert(QStringLiteral("MOD"), mod_.toUtf8());
     vars_.insert(QStringLiteral("TEMP"), root_.toUtf8());
     vars_.insert(QStringLiteral("SOURCE"), QByteArray(TORVIK_SOURCE_DIR));
+    vars_.insert(QStringLiteral("FIXTURES"), QByteArray(TORVIK_FIXTURES_DIR));
     if (!QDir().mkpath(program_)) {
         fail(0, QStringLiteral("can't make %1").arg(program_));
         return false;
