@@ -173,9 +173,10 @@ bool GetNewTeams()
     TeamsSectionLines = section.lines;
     Teams = std::move(section.rows);
     TeamCount = qint16(Teams.size());
+    // A row that failed has told the user; unlike the bot loads, the team
+    // load has no second look at it, so no second beep and no restore offer.
     if (section.rowFailed) {
         rowFailed(QStringLiteral("Error loading teams!"));
-        teamsLoadFailed();
         return false;
     }
     return true;

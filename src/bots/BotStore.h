@@ -69,8 +69,9 @@ using ProgressFn = std::function<void(int value, int maximum)>;
 // it after the load, when it sets ShowBotProgress back to 0.
 inline ProgressFn BotProgressHook;
 
-// The offer to put the internal bots.cfg in place, set by whoever owns the
-// Backup Manager. The loaders call it at the end of their failure path.
+// The offer to put the internal bots.cfg in place. The main form points it
+// at its RestoreBotsCfg, the one place where the Backup Manager's rescue is
+// to start; the loaders call it at the end of their failure path.
 inline std::function<void()> RestoreBotsCfgHook;
 
 // <mod folder>/bots.cfg as spelled on disk, or with that spelling when absent.

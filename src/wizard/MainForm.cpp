@@ -86,6 +86,7 @@ void MainForm::ConnectControls()
     connect(ui.Dir2, &platform::FolderChooser::pathChanged, this, &MainForm::Command2_Click);
 
     SetupAnswerPages();
+    SetupBotPages();
 }
 
 // ---------------------------------------------------------------- load
@@ -172,8 +173,10 @@ void MainForm::CheckFileLocs()
                 ui.Text8->setText(kNotLocatedGorvan);
             }
         }
-        if (gorvanOk)
+        if (gorvanOk) {
+            LoadBotsAtStart();
             return;
+        }
         platform::beep();
         platform::msgBox(QStringLiteral("Gorvan location not found! Please set the location."));
         GorvanSet = 0;
@@ -441,9 +444,17 @@ void MainForm::Main_Next_Click()
         ShowPageOf(4);
         break;
     case 4:
+        if (ui.SpawnBots->ui.Text1->text().isEmpty()) {
+            ui.SpawnBots->ui.Text1->setText(QStringLiteral("0"));
+            ui.SpawnBots->ui.HScroll1->setValue(0);
+        }
         ui.Teams->setVisible(false);
         ui.SpawnBots->setVisible(false);
         ui.DMFlags->setVisible(true);
+        if (RebuildCTFBots == 1) {
+            AddCTFBots();
+            RebuildCTFBots = 0;
+        }
         break;
     case 5:
         ui.DMFlags->setVisible(false);
@@ -452,6 +463,11 @@ void MainForm::Main_Next_Click()
         break;
     case 6:
         ui.GorvanFlags->setVisible(false);
+        // Another number of chosen bots means another choice: the CTF team
+        // lists start again from it.
+        if (ui.SpawnBots->ui.Label36->text() != LastBotCount)
+            AddCTFBots();
+        LastBotCount = ui.SpawnBots->ui.Label36->text();
         if (GameTypeCode == QLatin1String("CTF")) {
             auto& ctf = ui.CTFflags->ui;
             ui.CTFflags->setVisible(true);
@@ -608,8 +624,11 @@ void MainForm::Main_Cancel_Click()
     if (PrefsOpen == 1) {
         PrefsOpen = 0;
         StoredExeValid = 1;
-        if (ReloadAfterPrefs == 1)
+        if (ReloadAfterPrefs == 1) {
             ReloadAfterPrefs = 0;
+            if (!ReloadBotsAfterPrefs())
+                return;
+        }
         ui.Preferences->setVisible(false);
         ShowPagePicture();
     } else if (AboutOpen != 1) {

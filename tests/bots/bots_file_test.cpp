@@ -6,6 +6,7 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include <random>
 #include <vector>
 
 using namespace torvik;
@@ -392,6 +393,63 @@ TEST(BotsWriter, RoundTripsGiveBackTheRows)
     EXPECT_EQ(again.rows, bots);
     EXPECT_EQ(again.teamsText, b.teamsText + QStringLiteral("\r\n"));
     EXPECT_EQ(ReadTeamsSection(*botFile).rows, teams);
+}
+
+// Rows as the editors let them be made: names of up to 14 characters, team
+// names of up to 20 and abbreviations of up to 3, any 8-bit character but
+// the quotation mark, line ends, and (in member names) blanks.
+TEST(BotsWriter, RandomRowsWithinTheEditorsLimitsRoundTrip)
+{
+    std::mt19937 random(4242);
+    auto text = [&](int minLength, int maxLength, const QString& banned) {
+        const int length = minLength + int(random() % unsigned(maxLength - minLength + 1));
+        QString out;
+        while (out.size() < length) {
+            const QChar c(ushort(1 + random() % 255));
+            if (c != QLatin1Char('"') && c != QLatin1Char('\r') && c != QLatin1Char('\n') && !banned.contains(c))
+                out += c;
+        }
+        return out;
+    };
+    for (int round = 0; round < 200; ++round) {
+        std::vector<BotRecord> bots;
+        const int botRows = int(random() % 30);
+        for (int i = 0; i < botRows; ++i) {
+            BotRecord b;
+            b.Name = text(0, 14, QString());
+            b.ModelSkin = text(0, 12, QStringLiteral("/")) + QLatin1Char('/') + text(0, 24, QString());
+            b.Accuracy = qint16(1 + random() % 5);
+            b.Aggressiveness = qint16(1 + random() % 5);
+            b.CombatSkills = qint16(1 + random() % 5);
+            b.FavoriteWeapon = qint16(random() % 10);
+            b.QuadFreak = qint16(random() % 2);
+            b.Camper = qint16(random() % 2);
+            b.Ping = qint16(1 + random() % 999);
+            bots.push_back(b);
+        }
+        std::vector<TeamRecord> teams;
+        const int teamRows = int(random() % 10);
+        for (int i = 0; i < teamRows; ++i) {
+            TeamRecord t{text(0, 20, QString()), text(0, 3, QString()), QString(), QString()};
+            if (random() % 3)
+                t.ModelSkin = text(1, 30, QString());
+            const int members = int(random() % 5);
+            for (int m = 0; m < members; ++m)
+                t.Members += text(0, 14, QStringLiteral(" ")) + QLatin1Char(' ');
+            teams.push_back(t);
+        }
+        const std::optional<QByteArray> file = botsFileForTeams(bots, teams);
+        ASSERT_TRUE(file);
+        const BotsSection b = ReadBotsSection(*file);
+        ASSERT_FALSE(b.rowFailed) << round;
+        EXPECT_EQ(b.rows, bots) << round;
+        EXPECT_EQ(ReadTeamsSection(*file).rows, teams) << round;
+
+        const std::optional<QByteArray> again = botsFileForBots(b.rows, b.teamsText);
+        ASSERT_TRUE(again);
+        EXPECT_EQ(ReadBotsSection(*again).rows, bots) << round;
+        EXPECT_EQ(ReadTeamsSection(*again).rows, teams) << round;
+    }
 }
 
 } // namespace

@@ -178,7 +178,8 @@ TEST_F(BotsLoad, TooManyTeamsStopTheTeamsRead)
     writeBotsFile(file);
     EXPECT_FALSE(GetNewTeams());
     EXPECT_EQ(messages(), QStringList{"Error loading teams!"});
-    EXPECT_EQ(dialogs.beeps, 2);
+    EXPECT_EQ(dialogs.beeps, 1);
+    EXPECT_EQ(restores, 0);
     EXPECT_EQ(BotFileErrorFlag, 1);
     EXPECT_EQ(TeamCount, kMaxTeams + 1);
     EXPECT_EQ(Teams.size(), size_t(kMaxTeams) + 1);

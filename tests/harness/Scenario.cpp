@@ -8,6 +8,8 @@
 #include "platform/SingleInstance.h"
 #include "platform/Timer.h"
 #include "wizard/Globals.h"
+#include "bots/BotStore.h"
+#include "bots/Examination.h"
 #include "wizard/Program.h"
 
 #include <QApplication>
@@ -123,6 +125,23 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("KeepMapLabel", &torvik::KeepMapLabel);
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
+        auto number16 = [&t](const char* name, const qint16* v) {
+            t[QLatin1String(name)] = [v] { return QString::number(*v); };
+        };
+        number16("BotCount", &torvik::BotCount);
+        number16("TeamCount", &torvik::TeamCount);
+        number("TeamsSectionLines", &torvik::TeamsSectionLines);
+        text("TeamsText", &torvik::TeamsText);
+        text("ExamineName", &torvik::ExamineName);
+        text("ExamineModel", &torvik::ExamineModel);
+        text("ExamineSkin", &torvik::ExamineSkin);
+        text("ExamineAccuracy", &torvik::ExamineAccuracy);
+        text("ExamineAggressiveness", &torvik::ExamineAggressiveness);
+        text("ExamineCombatSkills", &torvik::ExamineCombatSkills);
+        text("ExamineFavoriteWeapon", &torvik::ExamineFavoriteWeapon);
+        text("ExamineQuadFreak", &torvik::ExamineQuadFreak);
+        text("ExamineCamper", &torvik::ExamineCamper);
+        text("ExaminePing", &torvik::ExaminePing);
         return t;
     }();
     return table;
@@ -460,7 +479,8 @@ QString Interpreter::validateCheck(const Line& line) const
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
     }
-    if (property == QLatin1String("rows") || property == QLatin1String("selected"))
+    if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
+        property == QLatin1String("marked") || property == QLatin1String("headers"))
         return QString();
     if (property == QLatin1String("item-enabled")) {
         if (rest != 3)
@@ -1023,12 +1043,20 @@ void Interpreter::checkTarget(const Line& line)
             problem = ui::readToolTip(object, &found);
         if (problem.isEmpty())
             compare(quoteText(line.word(3)), quoteText(found));
-    } else if (property == QLatin1String("rows") || property == QLatin1String("selected")) {
+    } else if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
+               property == QLatin1String("marked") || property == QLatin1String("headers")) {
         QStringList expected;
         for (qsizetype i = 3; i < line.words.size(); ++i)
             expected.append(line.words[i].text());
         QStringList found;
-        problem = property == QLatin1String("rows") ? ui::readRows(object, &found) : ui::readSelectedRows(object, &found);
+        if (property == QLatin1String("rows"))
+            problem = ui::readRows(object, &found);
+        else if (property == QLatin1String("selected"))
+            problem = ui::readSelectedRows(object, &found);
+        else if (property == QLatin1String("marked"))
+            problem = ui::readMarkedRows(object, &found);
+        else
+            problem = ui::readHeaders(object, &found);
         if (problem.isEmpty())
             compare(listText(expected), listText(found));
     } else if (property == QLatin1String("item-enabled")) {

@@ -14,6 +14,9 @@
 #include <QContextMenuEvent>
 #include <QDoubleSpinBox>
 #include <QGroupBox>
+#include <QIcon>
+#include <QImage>
+#include <QPixmap>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
@@ -544,6 +547,42 @@ QString readItemEnabled(QObject* c, const QString& item, bool* found)
     return QString();
 }
 
+QString readMarkedRows(QObject* c, QStringList* found)
+{
+    found->clear();
+    auto* v = qobject_cast<QAbstractItemView*>(c);
+    if (!v)
+        return kindError(c, "rows");
+    const QList<QModelIndex> all = viewIndexes(v);
+    for (const QModelIndex& i : all) {
+        const QVariant shown = i.data(Qt::DecorationRole);
+        bool marked = false;
+        if (shown.canConvert<QIcon>() && shown.typeId() == QMetaType::QIcon)
+            marked = !shown.value<QIcon>().isNull();
+        else if (shown.typeId() == QMetaType::QPixmap)
+            marked = !shown.value<QPixmap>().isNull();
+        else if (shown.typeId() == QMetaType::QImage)
+            marked = !shown.value<QImage>().isNull();
+        else
+            marked = shown.isValid() && !shown.isNull();
+        if (marked)
+            found->append(indexText(i));
+    }
+    return QString();
+}
+
+QString readHeaders(QObject* c, QStringList* found)
+{
+    found->clear();
+    auto* v = qobject_cast<QAbstractItemView*>(c);
+    if (!v || !v->model())
+        return kindError(c, "headers");
+    const int columns = v->model()->columnCount(v->rootIndex());
+    for (int col = 0; col < columns; ++col)
+        found->append(v->model()->headerData(col, Qt::Horizontal, Qt::DisplayRole).toString());
+    return QString();
+}
+
 QString readCells(QObject* c, const QString& item, QStringList* found)
 {
     auto* v = qobject_cast<QAbstractItemView*>(c);
@@ -600,6 +639,12 @@ QString click(QObject* c, const QString& item, bool right, bool twice)
     }
     if (QString e = needVisible(w); !e.isEmpty())
         return e;
+    // A list or report view is clicked in its rows' area, below any header.
+    if (auto* view = qobject_cast<QAbstractItemView*>(w)) {
+        QWidget* area = view->viewport();
+        mouseClick(area, area->rect().center(), right, twice);
+        return QString();
+    }
     mouseClick(w, w->rect().center(), right, twice);
     return QString();
 }

@@ -40,6 +40,11 @@ QString readPicture(QObject* control, QString* found);
 QString readRows(QObject* control, QStringList* found);
 QString readSelectedRows(QObject* control, QStringList* found);
 QString readItemEnabled(QObject* control, const QString& item, bool* found);
+// Rows of a list, tree or report view that show an icon in their first
+// column (a mark such as a tick), in order.
+QString readMarkedRows(QObject* control, QStringList* found);
+// Column headers of a tree or report view, in order.
+QString readHeaders(QObject* control, QStringList* found);
 // Every column of the row of a list, tree or report view.
 QString readCells(QObject* control, const QString& item, QStringList* found);
 
