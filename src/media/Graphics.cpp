@@ -168,6 +168,9 @@ bool ShowGraphic(const QString& key, QLabel* imageControl)
     if (image.isNull())
         return false;
     imageControl->setPixmap(QPixmap::fromImage(image));
+    // The control remembers which picture it holds, for whoever asks what the
+    // user sees (screen readers and the scenario runner alike).
+    imageControl->setProperty(kPictureKeyProperty, key);
     return true;
 }
 

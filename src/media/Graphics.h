@@ -40,6 +40,9 @@ private:
     std::unique_ptr<Impl> d;
 };
 
+// The dynamic property of an image control naming the key it shows.
+inline constexpr char kPictureKeyProperty[] = "pictureKey";
+
 // Puts the picture of a key into an image control. False when the key has no
 // picture or no component is loaded; the control then keeps what it showed.
 bool ShowGraphic(const QString& key, QLabel* imageControl);

@@ -213,9 +213,13 @@ void MainForm::Command16_Click()
     Dontshow();
     Dontshow1();
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
+    // A folder list set to the folder it already shows raises no change, so
+    // a later visit doesn't ask for the executable again.
     if (Quake2Set != 0 && GorvanSet != 0) {
-        ui.Dir1->setPath(gameFolder());
-        ui.Dir2->setPath(modFolder());
+        if (ui.Dir1->path() != gameFolder())
+            ui.Dir1->setPath(gameFolder());
+        if (ui.Dir2->path() != modFolder())
+            ui.Dir2->setPath(modFolder());
     }
     media::ShowGraphic(QStringLiteral("showpref"), ui.CurrentPix);
     SetCloseTool(true);
@@ -267,9 +271,12 @@ void MainForm::Command1_Click()
         SetCloseTool(false);
         return;
     }
+    // Without a row to go by (the stored game is no longer in the folder)
+    // the stored name is kept: a folder path alone would start nothing.
     QListWidgetItem* chosen = ui.File5->currentItem();
+    const QString name = chosen ? chosen->text() : platform::fileNameOf(Quake2Location);
     ui.Text7->setText(kQuakeSet);
-    Quake2Location = platform::joinPath(folder, chosen ? chosen->text() : QString());
+    Quake2Location = platform::joinPath(folder, name);
     if (!writeLocationFile(QStringLiteral("quake2.loc"), Quake2Location))
         platform::msgBox(QStringLiteral("Couldn't save the Quake2 location (quake2.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
@@ -400,10 +407,20 @@ void MainForm::ShowPagePicture()
     media::ShowGraphic(PictureKeyOf(PageNumber), ui.CurrentPix);
 }
 
-void MainForm::ShowPageOf(int page)
+// Player Setup may stay shown after a jump (the pages are cleared without
+// it); the page the user went to must lie above it.
+void MainForm::RaisePanelOf(int page)
 {
     if (QWidget* panel = PanelOf(page))
+        panel->raise();
+}
+
+void MainForm::ShowPageOf(int page)
+{
+    if (QWidget* panel = PanelOf(page)) {
         panel->setVisible(true);
+        panel->raise();
+    }
 }
 
 void MainForm::Main_Next_Click()
@@ -494,6 +511,7 @@ void MainForm::Main_Next_Click()
         return;
     }
     ++PageNumber;
+    RaisePanelOf(PageNumber);
     ShowPagePicture();
 }
 
@@ -527,7 +545,7 @@ void MainForm::Main_Previous_Click()
         ui.GameType->setVisible(false);
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
-        FillFixedLists();
+        update();
         break;
     case 3:
         ClearFrames();
@@ -578,6 +596,7 @@ void MainForm::Main_Previous_Click()
         return;
     }
     --PageNumber;
+    RaisePanelOf(PageNumber);
     ShowPagePicture();
 }
 

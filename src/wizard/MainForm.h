@@ -102,6 +102,7 @@ private:
     void Dir1_Change();
     void SetCloseTool(bool leave);
     void ShowPageOf(int page);
+    void RaisePanelOf(int page);
     QWidget* PanelOf(int page) const;
     QString PictureKeyOf(int page) const;
     QList<QToolButton*> RaisedButtons() const;

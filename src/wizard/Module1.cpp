@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <dirent.h>
+
 namespace torvik {
 namespace {
 
@@ -20,6 +22,17 @@ QString programSubfolder(const QString& name)
     return real.isEmpty() ? path : real;
 }
 
+// Tries the listing itself: permission bits alone don't tell what this
+// process may do (an administrator's rights, access lists).
+bool canList(const QString& folder)
+{
+    DIR* dir = ::opendir(QFile::encodeName(folder).constData());
+    if (!dir)
+        return false;
+    ::closedir(dir);
+    return true;
+}
+
 bool checkFolder(const QString& name, const QString& failure)
 {
     const QString path = platform::joinPath(ProgramFolder, name);
@@ -28,7 +41,7 @@ bool checkFolder(const QString& name, const QString& failure)
     if (real.isEmpty())
         ok = QDir().mkdir(path);
     else
-        ok = QFileInfo(real).isDir() && QFileInfo(real).isReadable();
+        ok = QFileInfo(real).isDir() && canList(real);
     if (!ok) {
         platform::msgBox(failure);
         ExitProgram(true);

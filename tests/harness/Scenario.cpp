@@ -401,6 +401,7 @@ bool Interpreter::prepareFolders()
     vars_.insert(QStringLiteral("MOD"), mod_.toUtf8());
     vars_.insert(QStringLiteral("TEMP"), root_.toUtf8());
     vars_.insert(QStringLiteral("SOURCE"), QByteArray(TORVIK_SOURCE_DIR));
+    vars_.insert(QStringLiteral("FIXTURES"), QByteArray(TORVIK_FIXTURES_DIR));
     if (!QDir().mkpath(program_)) {
         fail(0, QStringLiteral("can't make %1").arg(program_));
         return false;
@@ -526,6 +527,8 @@ QString Interpreter::validateCheck(const Line& line) const
     }
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
+    if (subject == QLatin1String("same"))
+        return need(2, "same PATH OTHER");
     if (subject == QLatin1String("exists")) {
         if (QString e = need(2, "exists PATH yes|no"); !e.isEmpty())
             return e;
@@ -546,10 +549,11 @@ QString Interpreter::validateCheck(const Line& line) const
     if (rest < 1)
         return QStringLiteral("use: check %1 PROPERTY ...").arg(subject);
     if (property == QLatin1String("caption") || property == QLatin1String("text") ||
-        property == QLatin1String("value") || property == QLatin1String("tooltip"))
+        property == QLatin1String("value") || property == QLatin1String("tooltip") ||
+        property == QLatin1String("picture"))
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
-        property == QLatin1String("exists")) {
+        property == QLatin1String("exists") || property == QLatin1String("on-top")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1020,6 +1024,24 @@ void Interpreter::doCheck(const Line& line)
             fail(n, QStringLiteral("expected file %1 %2").arg(quoteText(path), diff));
         return;
     }
+    if (subject == QLatin1String("same")) {
+        QByteArray contents[2];
+        for (int i = 0; i < 2; ++i) {
+            const QString path = line.word(2 + i);
+            QFile f(path);
+            if (!QFileInfo(path).isFile() || !f.open(QIODevice::ReadOnly)) {
+                fail(n, QStringLiteral("expected %1 to be a readable file / found none").arg(quoteText(path)));
+                return;
+            }
+            contents[i] = f.readAll();
+        }
+        if (contents[0] != contents[1])
+            fail(n, QStringLiteral("expected %1 to hold the bytes of %2 / found %3 bytes against %4")
+                        .arg(quoteText(line.word(2)), quoteText(line.word(3)))
+                        .arg(contents[0].size())
+                        .arg(contents[1].size()));
+        return;
+    }
     if (subject == QLatin1String("exists")) {
         const QString path = line.word(2);
         compare(QStringLiteral("exists %1").arg(quoteText(path)), yesNo(*ui::parseBool(line.word(3))),
@@ -1100,15 +1122,18 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
-    } else if (property == QLatin1String("enabled")) {
+    } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top")) {
         bool on = false;
-        problem = ui::readEnabled(object, &on);
+        problem = property == QLatin1String("enabled") ? ui::readEnabled(object, &on) : ui::readOnTop(object, &on);
         if (problem.isEmpty())
             compare(yesNo(*ui::parseBool(line.word(3))), yesNo(on));
     } else if (property == QLatin1String("caption") || property == QLatin1String("text") ||
-               property == QLatin1String("value") || property == QLatin1String("tooltip")) {
+               property == QLatin1String("value") || property == QLatin1String("tooltip") ||
+               property == QLatin1String("picture")) {
         QString found;
-        if (property == QLatin1String("caption"))
+        if (property == QLatin1String("picture"))
+            problem = ui::readPicture(object, &found);
+        else if (property == QLatin1String("caption"))
             problem = ui::readCaption(object, &found);
         else if (property == QLatin1String("text"))
             problem = ui::readText(object, &found);

@@ -1,5 +1,6 @@
 #include "UserActions.h"
 
+#include "media/Graphics.h"
 #include "platform/Controls.h"
 #include "platform/Timer.h"
 
@@ -439,6 +440,33 @@ bool isVisibleToUser(QObject* c)
     if (auto* a = qobject_cast<QAction*>(c))
         return a->isVisible();
     return false;
+}
+
+QString readOnTop(QObject* c, bool* found)
+{
+    auto* w = qobject_cast<QWidget*>(c);
+    if (!w)
+        return kindError(c, "place on top");
+    *found = false;
+    if (!w->isVisible())
+        return QString();
+    if (w->isWindow()) {
+        *found = true;
+        return QString();
+    }
+    QWidget* window = w->window();
+    QWidget* at = window->childAt(w->mapTo(window, w->rect().center()));
+    *found = at == w || w->isAncestorOf(at);
+    return QString();
+}
+
+QString readPicture(QObject* c, QString* found)
+{
+    auto* label = qobject_cast<QLabel*>(c);
+    if (!label)
+        return kindError(c, "picture");
+    *found = label->property(media::kPictureKeyProperty).toString();
+    return QString();
 }
 
 QString readRows(QObject* c, QStringList* found)

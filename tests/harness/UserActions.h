@@ -31,6 +31,10 @@ QString readValue(QObject* control, QString* found);
 QString readToolTip(QObject* control, QString* found);
 QString readEnabled(QObject* control, bool* found);
 bool isVisibleToUser(QObject* control);
+// Visible and not covered at its centre by another control of its window.
+QString readOnTop(QObject* control, bool* found);
+// The picture key an image control shows ("" when it shows none).
+QString readPicture(QObject* control, QString* found);
 // Rows of list, tree and report views (every item, depth first, first
 // column), combo box rows, tab captions, menu items.
 QString readRows(QObject* control, QStringList* found);

@@ -5,6 +5,7 @@
 #include "Scenario.h"
 #include "ScriptText.h"
 
+#include "media/Graphics.h"
 #include "platform/Controls.h"
 #include "platform/Dialogs.h"
 #include "platform/Process.h"
@@ -18,6 +19,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -288,6 +290,27 @@ void buildFake(Seen& seen)
     QObject::connect(lock, &QPushButton::clicked, form, [&seen] {
         seen.lockTaken = platform::acquireSingleInstance(torvik::SingleInstanceLockPath);
     });
+
+    // Two panels at one place, the later one above, as the wizard's pages lie.
+    auto* stack = new QWidget(form);
+    stack->setObjectName(QStringLiteral("Stack"));
+    auto* grid = new QGridLayout(stack);
+    for (const char* name : {"Under", "Over"}) {
+        auto* panel = new QLabel(QLatin1String(name), stack);
+        panel->setObjectName(QLatin1String(name));
+        panel->setAutoFillBackground(true);
+        panel->setMinimumSize(60, 30);
+        grid->addWidget(panel, 0, 0);
+    }
+    layout->addWidget(stack);
+    QPushButton* raise = addButton(form, layout, "Raise", QStringLiteral("Raise"));
+    QObject::connect(raise, &QPushButton::clicked, form, [stack] { stack->findChild<QWidget*>(QStringLiteral("Under"))->raise(); });
+    auto* picture = new QLabel(form);
+    picture->setObjectName(QStringLiteral("Picture"));
+    layout->addWidget(picture);
+    QPushButton* show = addButton(form, layout, "ShowPicture", QStringLiteral("Show"));
+    QObject::connect(show, &QPushButton::clicked, form,
+                     [picture] { picture->setProperty(media::kPictureKeyProperty, QStringLiteral("showdmflags")); });
 
     form->show();
 }
@@ -576,6 +599,37 @@ TEST_F(ScenarioChecks, PassWhenRightAndFailOnTheirLineWhenWrong)
     EXPECT_EQ(r.output.last(), QStringLiteral("fake.scn: scenario failed"));
 }
 
+TEST_F(ScenarioChecks, OnTopTellsWhichOfStackedPanelsTheUserSees)
+{
+    const ScenarioResult r = play(
+        "start\n"                              // 1
+        "check Fake.Over on-top yes\n"         // 2
+        "check Fake.Under on-top no\n"         // 3
+        "check Fake.Under visible yes\n"       // 4
+        "check Fake.Under on-top yes\n"        // 5 wrong
+        "click Fake.Raise\n"                   // 6
+        "check Fake.Under on-top yes\n"        // 7
+        "check Fake.Over on-top yes\n"         // 8 wrong
+        "check Fake.Timer on-top yes\n");      // 9 wrong: no widget
+    EXPECT_EQ(failedLines(r), (std::vector<int>{5, 8, 9}));
+    ASSERT_EQ(r.failures.size(), 3u);
+    EXPECT_EQ(r.failures[0].message, QStringLiteral("expected Fake.Under on-top yes / found no"));
+}
+
+TEST_F(ScenarioChecks, PictureTellsTheKeyAnImageShows)
+{
+    const ScenarioResult r = play(
+        "start\n"                                  // 1
+        "check Fake.Picture picture \"\"\n"        // 2
+        "click Fake.ShowPicture\n"                 // 3
+        "check Fake.Picture picture showdmflags\n" // 4
+        "check Fake.Picture picture showwelcome\n" // 5 wrong
+        "check Fake.Button picture showwelcome\n");// 6 wrong: not an image
+    EXPECT_EQ(failedLines(r), (std::vector<int>{5, 6}));
+    ASSERT_EQ(r.failures.size(), 2u);
+    EXPECT_EQ(r.failures[0].message, QStringLiteral("expected Fake.Picture picture \"showwelcome\" / found \"showdmflags\""));
+}
+
 TEST_F(ScenarioChecks, AnActionOnAMissingControlStopsTheScenario)
 {
     const ScenarioResult r = play(
@@ -690,6 +744,29 @@ TEST_F(ScenarioFiles, ContentIsComparedByteForByte)
     EXPECT_TRUE(r.failures[0].message.contains(QLatin1String("\"one\\ntwo\\xE9\\n\" / found \"one\\r\\ntwo\\xE9\\r\\n\"")))
         << r.failures[0].message.toStdString();
     EXPECT_TRUE(r.failures[0].message.contains(QLatin1String("byte 3, line 1")));
+}
+
+TEST_F(ScenarioFiles, SameComparesTwoFiles)
+{
+    const ScenarioResult r = play(
+        "write \"$PROGRAM/a\" \"one\\r\\n\"\n"       // 1
+        "write \"$PROGRAM/b\" \"one\\r\\n\"\n"       // 2
+        "write \"$PROGRAM/c\" \"one\\n\"\n"            // 3
+        "check same \"$PROGRAM/a\" \"$PROGRAM/b\"\n"     // 4
+        "check same \"$PROGRAM/a\" \"$PROGRAM/c\"\n"     // 5 wrong
+        "check same \"$PROGRAM/a\" \"$PROGRAM/none\"\n"  // 6 wrong
+        "check same \"$PROGRAM/a\"\n");                  // 7 mistake
+    EXPECT_EQ(failedLines(r), (std::vector<int>{7}));
+    const ScenarioResult r2 = play(
+        "write \"$PROGRAM/a\" \"one\\r\\n\"\n"
+        "write \"$PROGRAM/b\" \"one\\r\\n\"\n"
+        "write \"$PROGRAM/c\" \"one\\n\"\n"
+        "check same \"$PROGRAM/a\" \"$PROGRAM/b\"\n"
+        "check same \"$PROGRAM/a\" \"$PROGRAM/c\"\n"
+        "check same \"$PROGRAM/a\" \"$PROGRAM/none\"\n");
+    EXPECT_EQ(failedLines(r2), (std::vector<int>{5, 6}));
+    ASSERT_EQ(r2.failures.size(), 2u);
+    EXPECT_TRUE(r2.failures[0].message.contains(QLatin1String("5 bytes against 4"))) << r2.failures[0].message.toStdString();
 }
 
 TEST_F(ScenarioFiles, VariablesExpandToFoldersWithBlanks)

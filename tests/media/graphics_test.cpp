@@ -259,10 +259,12 @@ TEST_F(GraphicsTest, GraphicsShowGraphicPutsThePictureIntoTheLabel)
     ASSERT_TRUE(media::ShowGraphic(QStringLiteral("gorvanlogo"), &label));
     const QImage shown = label.pixmap().toImage().convertToFormat(QImage::Format_ARGB32);
     EXPECT_EQ(shown, component->picture(QStringLiteral("gorvanlogo")).convertToFormat(QImage::Format_ARGB32));
+    EXPECT_EQ(label.property(media::kPictureKeyProperty).toString(), QStringLiteral("gorvanlogo"));
 
     // An unknown key leaves the label as it was.
     EXPECT_FALSE(media::ShowGraphic(QStringLiteral("nosuchpicture"), &label));
     EXPECT_EQ(label.pixmap().toImage().convertToFormat(QImage::Format_ARGB32), shown);
+    EXPECT_EQ(label.property(media::kPictureKeyProperty).toString(), QStringLiteral("gorvanlogo"));
 
     ASSERT_TRUE(media::ShowGraphic(QStringLiteral("showpref"), &label));
     EXPECT_EQ(label.pixmap().size(), QSize(160, 360));
