@@ -103,7 +103,17 @@ private:
     QTemporaryDir dir_;
 };
 
-// args: rows, installed (1: 300 models, 0: no players folder)
+// Factory-sized and full files, over the installed models (1: 300 models)
+// or over none (0: no players folder).
+void rowsAndInstalls(benchmark::internal::Benchmark* b)
+{
+    b->ArgNames({"rows", "installed"});
+    for (int rows : {618, 10000})
+        for (int installed : {1, 0})
+            b->Args({rows, installed});
+    b->Unit(benchmark::kMillisecond);
+}
+
 void BM_GetNewBots(benchmark::State& state)
 {
     harness::RecordingDialogs dialogs;
@@ -127,12 +137,7 @@ void BM_GetNewBots(benchmark::State& state)
     state.counters["listed"] = double(listed);
 }
 BENCHMARK(BM_GetNewBots)
-    ->ArgNames({"rows", "installed"})
-    ->Args({618, 1})
-    ->Args({618, 0})
-    ->Args({10000, 1})
-    ->Args({10000, 0})
-    ->Unit(benchmark::kMillisecond);
+    ->Apply(rowsAndInstalls);
 
 // What the user waits for at start-up and on Refresh: the load above, then
 // the report view and the name list filled and the ticks brought in line.
@@ -159,12 +164,7 @@ void BM_BotPageLoad(benchmark::State& state)
     state.counters["listed"] = double(view.topLevelItemCount());
 }
 BENCHMARK(BM_BotPageLoad)
-    ->ArgNames({"rows", "installed"})
-    ->Args({618, 1})
-    ->Args({618, 0})
-    ->Args({10000, 1})
-    ->Args({10000, 0})
-    ->Unit(benchmark::kMillisecond);
+    ->Apply(rowsAndInstalls);
 
 void BM_GetNewTeams(benchmark::State& state)
 {

@@ -54,6 +54,15 @@ private:
 
 int selectedCount(const QListWidget* list) { return int(list->selectedItems().size()); }
 
+// A double click takes a row in or out of the selection; the report view
+// shows it by its tick, the simple list by its highlight.
+void toggleMarkedRow(QTreeWidgetItem* item, QListWidgetItem* row)
+{
+    const bool marked = iconKey(item) == kCheckKey;
+    setIconKey(item, marked ? QString() : kCheckKey);
+    row->setSelected(!marked);
+}
+
 } // namespace
 
 void MainForm::SetupBotPages()
@@ -248,42 +257,33 @@ void MainForm::HScroll1_Change()
     sb.Text1->setText(QString::number(sb.HScroll1->value()));
 }
 
-void MainForm::Check33_Click()
-{
-    auto& sb = ui.SpawnBots->ui;
-    if (sb.Check33->isChecked()) {
-        sb.Check34->setChecked(false);
-        sb.ListView1->setVisible(true);
-        CheckSel();
-        sb.List2->setVisible(false);
-        sb.Check33->setChecked(true);
-    } else {
-        sb.Check34->setChecked(true);
-        sb.ListView1->setVisible(false);
-        sb.List2->setVisible(true);
-    }
-}
+void MainForm::Check33_Click() { ShowBotView(ui.SpawnBots->ui.Check33->isChecked()); }
 
-void MainForm::Check34_Click()
+void MainForm::Check34_Click() { ShowBotView(!ui.SpawnBots->ui.Check34->isChecked()); }
+
+// The two boxes are one choice: the extended report view or the simple list.
+// Setting them here calls back in with the same choice, which changes nothing.
+void MainForm::ShowBotView(bool extended)
 {
     auto& sb = ui.SpawnBots->ui;
-    if (sb.Check34->isChecked()) {
-        sb.Check33->setChecked(false);
-        sb.ListView1->setVisible(false);
-        sb.List2->setVisible(true);
-        sb.Check34->setChecked(true);
-    } else {
-        sb.Check33->setChecked(true);
-        sb.ListView1->setVisible(true);
+    sb.Check33->setChecked(extended);
+    sb.Check34->setChecked(!extended);
+    sb.ListView1->setVisible(extended);
+    if (extended)
         CheckSel();
-        sb.List2->setVisible(false);
-    }
+    sb.List2->setVisible(!extended);
 }
 
 void MainForm::CheckSel()
 {
     auto& sb = ui.SpawnBots->ui;
     pages::markSelectedRows(sb.ListView1, sb.List2);
+    ShowBotCounter();
+}
+
+void MainForm::ShowBotCounter()
+{
+    auto& sb = ui.SpawnBots->ui;
     sb.Label36->setText(QString::number(selectedCount(sb.List2)));
     sb.Label2->setText(QLatin1Char('/') + QString::number(sb.List2->count()));
 }
@@ -299,9 +299,7 @@ void MainForm::ListView1_DblClick()
     QListWidgetItem* row = sb.List2->item(ListCurrentBot - 1);
     if (!item || !row)
         return;
-    const bool marked = iconKey(item) == kCheckKey;
-    setIconKey(item, marked ? QString() : kCheckKey);
-    row->setSelected(!marked);
+    toggleMarkedRow(item, row);
 }
 
 void MainForm::ListView1_RightPress()
@@ -327,16 +325,13 @@ void MainForm::ListView1_RightPress()
 
 void MainForm::Timer2_Timer()
 {
-    auto& sb = ui.SpawnBots->ui;
     Timer2->setEnabled(false);
-    sb.Label36->setText(QString::number(selectedCount(sb.List2)));
-    sb.Label2->setText(QLatin1Char('/') + QString::number(sb.List2->count()));
+    ShowBotCounter();
 }
 
 void MainForm::Command3_Click()
 {
     auto& sb = ui.SpawnBots->ui;
-    sb.Label36->setText(QStringLiteral("0"));
     Bots.clear();
     BotCount = 0;
     sb.List2->clear();
@@ -364,9 +359,7 @@ void MainForm::ListView2_DblClick()
     QListWidgetItem* row = tm.List3->item(ListCurrentTeam - 1);
     if (!item || !row || item->text(0) == tm.Combo1->currentText())
         return;
-    const bool marked = iconKey(item) == kCheckKey;
-    setIconKey(item, marked ? QString() : kCheckKey);
-    row->setSelected(!marked);
+    toggleMarkedRow(item, row);
 }
 
 void MainForm::List3_Click()

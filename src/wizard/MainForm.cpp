@@ -206,10 +206,6 @@ void MainForm::Command16_Click()
     ui.Preferences->setVisible(true);
     ui.Preferences->raise();
     PrefsOpen = 1;
-    ui.Main_Previous->setEnabled(false);
-    ui.Main_Next->setEnabled(false);
-    ui.Main_About->setEnabled(false);
-    ui.Command23->setEnabled(false);
     Dontshow();
     Dontshow1();
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
@@ -236,8 +232,9 @@ void MainForm::Dir1_Change()
 void MainForm::Command1_Click()
 {
     const QString folder = ui.Dir1->path();
+    const QStringList executables = platform::listExecutables(folder);
     ui.File5->clear();
-    ui.File5->addItems(platform::listExecutables(folder));
+    ui.File5->addItems(executables);
 
     bool located = false;
     if (ui.File5->count() > 0) {
@@ -257,7 +254,7 @@ void MainForm::Command1_Click()
             ExePicked = 0;
             if (StoredExeValid == 0) {
                 Q2EXEForm ask(this);
-                ask.ui.File1->addItems(platform::listExecutables(folder));
+                ask.ui.File1->addItems(executables);
                 connect(&ask, &Q2EXEForm::picked, this, [this](int row) { ui.File5->setCurrentRow(row); });
                 ask.exec();
             }
@@ -266,9 +263,8 @@ void MainForm::Command1_Click()
     }
     if (!located && StoredExeValid != 1) {
         ui.Text7->setText(kNotLocatedQuake);
-        ui.Main_Cancel->setToolTip(kQuitTip);
         Quake2Set = 0;
-        SetCloseTool(false);
+        ShowLocationState(false);
         return;
     }
     // Without a row to go by (the stored game is no longer in the folder)
@@ -281,12 +277,7 @@ void MainForm::Command1_Click()
         platform::msgBox(QStringLiteral("Couldn't save the Quake2 location (quake2.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
     Quake2Set = 1;
-    if (GorvanSet == 1) {
-        ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
-        SetCloseTool(true);
-    } else {
-        SetCloseTool(false);
-    }
+    ShowLocationState(true);
 }
 
 void MainForm::Command2_Click()
@@ -296,9 +287,8 @@ void MainForm::Command2_Click()
         && platform::fileExists(platform::joinPath(folder, QStringLiteral("BOTS.CFG")));
     if (!found) {
         ui.Text8->setText(kNotLocatedGorvan);
-        ui.Main_Cancel->setToolTip(kQuitTip);
         GorvanSet = 0;
-        SetCloseTool(false);
+        ShowLocationState(false);
         return;
     }
     ui.Text8->setText(kGorvanSet);
@@ -307,7 +297,18 @@ void MainForm::Command2_Click()
         platform::msgBox(QStringLiteral("Couldn't save the Gorvan location (gorvan.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
     GorvanSet = 1;
-    if (Quake2Set == 1) {
+    ShowLocationState(true);
+}
+
+// A location lost makes the close tool the way out of the program; once
+// both are set it leaves Preferences. One found beside a missing other keeps
+// its tip as it was.
+void MainForm::ShowLocationState(bool found)
+{
+    if (!found) {
+        ui.Main_Cancel->setToolTip(kQuitTip);
+        SetCloseTool(false);
+    } else if (Quake2Set == 1 && GorvanSet == 1) {
         ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
         SetCloseTool(true);
     } else {
@@ -604,10 +605,6 @@ void MainForm::Main_About_Click()
 {
     Dontshow();
     Dontshow1();
-    ui.Main_Previous->setEnabled(false);
-    ui.Main_Next->setEnabled(false);
-    ui.Main_About->setEnabled(false);
-    ui.Command23->setEnabled(false);
     AboutOpen = 1;
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit About"));
     ClearFrames();
@@ -649,10 +646,6 @@ void MainForm::Main_Cancel_Click()
     }
     Dontshow();
     Dontshow2();
-    ui.Main_Previous->setEnabled(true);
-    ui.Main_Next->setEnabled(true);
-    ui.Main_About->setEnabled(true);
-    ui.Command23->setEnabled(true);
     ui.Main_Cancel->setToolTip(kQuitTip);
     ClearFrames();
     ShowPageOf(PageNumber);

@@ -80,6 +80,8 @@ public:
     void GetNewBots();
     void GetNewTeams();
     void CheckSel();
+    void ShowBotCounter();
+    void ShowBotView(bool extended);
     void CheckSel1();
     void Command3_Click();
     void Command4_Click();
@@ -101,6 +103,7 @@ private:
     void BuildGotoMenu();
     void Dir1_Change();
     void SetCloseTool(bool leave);
+    void ShowLocationState(bool found);
     void ShowPageOf(int page);
     void RaisePanelOf(int page);
     QWidget* PanelOf(int page) const;

@@ -15,7 +15,8 @@
 namespace torvik {
 namespace {
 
-QString programSubfolder(const QString& name)
+// A name in the program folder, spelt as it stands on disk when it is there.
+QString inProgramFolder(const QString& name)
 {
     const QString path = platform::joinPath(ProgramFolder, name);
     const QString real = platform::resolvePath(path);
@@ -67,18 +68,16 @@ bool CheckSavedFolder()
     return checkFolder(QStringLiteral("Saved"), QStringLiteral("Couldn't check for map information"));
 }
 
-QString MapInfoFolder() { return programSubfolder(QStringLiteral("MapInfo")); }
-QString BackupFolder() { return programSubfolder(QStringLiteral("Backup")); }
-QString SavedFolder() { return programSubfolder(QStringLiteral("Saved")); }
+QString MapInfoFolder() { return inProgramFolder(QStringLiteral("MapInfo")); }
+QString BackupFolder() { return inProgramFolder(QStringLiteral("Backup")); }
+QString SavedFolder() { return inProgramFolder(QStringLiteral("Saved")); }
 
 bool RepairGraphicsComponent()
 {
     const QString spare = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("repair/TKGraphics.dll")));
     if (spare.isEmpty())
         return false;
-    QString target = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll")));
-    if (target.isEmpty())
-        target = platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll"));
+    const QString target = inProgramFolder(QStringLiteral("TKGraphics.dll"));
     const QString fresh = target + QStringLiteral(".new");
     QFile::remove(fresh);
     if (!QFile::copy(spare, fresh))
