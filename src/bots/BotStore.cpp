@@ -63,12 +63,12 @@ void teamsLoadFailed()
     }
 }
 
-// Rewrites the file whole. Like the editors always did, it deletes first and
-// has no way back: a text that couldn't be built leaves an empty file.
+// Rewrites the file whole. A text that couldn't be built (a bot name too
+// wide for its column) or a write that fails leaves the old file as it was:
+// the mod must never find its bots.cfg empty.
 bool rewriteBotsFile(const QString& path, const std::optional<QByteArray>& text, const QString& failure)
 {
-    const bool written = QFile::remove(path) && platform::writeFile(path, text.value_or(QByteArray()));
-    if (!text || !written) {
+    if (!text || !platform::writeFile(path, *text)) {
         platform::beep();
         platform::msgBox(failure);
         return false;

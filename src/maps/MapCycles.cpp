@@ -30,19 +30,20 @@ bool leavesFolder(const QString& title)
 
 } // namespace
 
+// Map names are file names: the game opens them with the bytes it reads, so
+// they go in and out with the bytes the file system holds.
 QStringList parseMapCycle(const QByteArray& bytes)
 {
-    const QString text = QString::fromLatin1(bytes);
     QStringList maps;
     qsizetype start = 0;
-    const qsizetype size = text.size();
+    const qsizetype size = bytes.size();
     while (start < size) {
         qsizetype end = start;
-        while (end < size && text[end] != QLatin1Char('\r') && text[end] != QLatin1Char('\n'))
+        while (end < size && bytes[end] != '\r' && bytes[end] != '\n')
             ++end;
         if (end > start)
-            maps << text.mid(start, end - start);
-        if (end + 1 < size && text[end] == QLatin1Char('\r') && text[end + 1] == QLatin1Char('\n'))
+            maps << platform::fileNameFromBytes(bytes.mid(start, end - start));
+        if (end + 1 < size && bytes[end] == '\r' && bytes[end + 1] == '\n')
             ++end;
         start = end + 1;
     }
@@ -53,7 +54,7 @@ QByteArray mapCycleText(const QStringList& maps)
 {
     QByteArray out;
     for (const QString& map : maps)
-        out += map.toLatin1() + "\r\n";
+        out += platform::fileNameBytes(map) + "\r\n";
     // The whole text goes out in one print, which ends it with a line end of
     // its own; the reader skips the empty line that makes.
     return out + "\r\n";
@@ -116,13 +117,9 @@ CycleTitleCheck checkCycleTitle(const QString& title)
         return CycleTitleCheck::Empty;
     if (title.size() > MaxCycleTitleLength)
         return CycleTitleCheck::TooLong;
-    // The Windows set too: saved cycles travel in backups, and a title is
-    // shown as a file name in the lists.
-    static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
-    for (const QChar c : title) {
-        if (c.unicode() < 0x20 || c.unicode() == 0x7f || forbidden.contains(c))
-            return CycleTitleCheck::BadCharacter;
-    }
+    // Only what a file name here can't hold: "1v1: DM?" is a fine title.
+    if (leavesFolder(title))
+        return CycleTitleCheck::BadCharacter;
     return CycleTitleCheck::Ok;
 }
 
@@ -185,9 +182,9 @@ bool replaceCurrentCycle(const QString& title, QString* why)
     if (source.isEmpty() || !QFileInfo(source).isFile() || !platform::readFile(source, bytes))
         return fail(QStringLiteral("The saved map cycle %1 can't be read")
                         .arg(platform::joinPath(SavedFolder(), title + kCycleExtension)));
+    // Written over the old maps.txt in one step: a write that fails leaves
+    // the cycle the mod had.
     const QString target = currentCyclePath();
-    if (QFileInfo::exists(target) && !QFile::remove(target))
-        return fail(QStringLiteral("%1 can't be deleted").arg(target));
     if (!platform::writeFile(target, bytes))
         return fail(QStringLiteral("%1 can't be written").arg(target));
     return true;

@@ -30,7 +30,8 @@ inline const QString kCycleNotSavedText = QStringLiteral("Couldn't save the map 
 inline const QString kFixMapCycleFailedText = QStringLiteral("Error! Couldn't fix up the map cycle. Ending Torvik.");
 
 // The maps of a cycle file: lines ended by CR LF (a lone CR or LF also ends a
-// line), exactly empty lines skipped, nothing trimmed. 8-bit text.
+// line), exactly empty lines skipped, nothing trimmed. Map names keep the
+// bytes of their file names.
 QStringList parseMapCycle(const QByteArray& bytes);
 // The file as Torvik writes it: each map and CR LF, then one more CR LF.
 QByteArray mapCycleText(const QStringList& maps);
@@ -58,8 +59,8 @@ QStringList savedCycleTitles();
 QStringList LoadMapCycles();
 
 enum class CycleTitleCheck { Ok, Empty, TooLong, BadCharacter };
-// A new title: not empty, at most 15 characters, and none of the characters
-// that a file name can't hold here or on Windows, nor control characters.
+// A new title: not empty, at most 15 characters, and nothing a file name
+// can't hold ("/" or NUL).
 CycleTitleCheck checkCycleTitle(const QString& title);
 // Asks for a new cycle's title until it passes, telling why a title didn't.
 // Empty when the user gave no title (or cancelled).

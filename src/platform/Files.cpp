@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSaveFile>
+#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -140,6 +141,15 @@ QString findModLibrary(const QString& folder)
     return QString();
 }
 
+QString fileNameFromBytes(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString name = utf8(bytes);
+    return utf8.hasError() ? QString::fromLatin1(bytes) : name;
+}
+
+QByteArray fileNameBytes(const QString& name) { return QFile::encodeName(name); }
+
 bool readFile(const QString& path, QByteArray& out)
 {
     QFile f(path);
@@ -149,12 +159,35 @@ bool readFile(const QString& path, QByteArray& out)
     return f.error() == QFileDevice::NoError;
 }
 
+bool isReadOnlyFile(const QString& path)
+{
+    const QFileInfo info(path);
+    // The owner's write bit decides, so that a file the user locked stays
+    // locked even for root, who could write it anyway.
+    return info.exists() && !(info.permissions() & QFileDevice::WriteOwner);
+}
+
 bool writeFile(const QString& path, const QByteArray& data)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (isReadOnlyFile(path) || QFileInfo(path).isDir())
         return false;
-    return f.write(data) == data.size() && f.flush();
+    // The new text goes to a temporary file beside the old one and takes its
+    // place only once all of it is on disk: a full disk or a size limit
+    // leaves the old file as it was, never half of it.
+    QSaveFile f(path);
+    if (!f.open(QIODevice::WriteOnly))
+        return false;
+    if (f.write(data) != data.size()) {
+        f.cancelWriting();
+        return false;
+    }
+    return f.commit();
+}
+
+bool copyFile(const QString& from, const QString& to)
+{
+    QByteArray bytes;
+    return readFile(from, bytes) && writeFile(to, bytes);
 }
 
 } // namespace platform

@@ -32,9 +32,21 @@ QStringList listExecutables(const QString& folder);
 // its name as on disk, or empty.
 QString findModLibrary(const QString& folder);
 
+// A file name as stored in a text file: the bytes the file system holds
+// (UTF-8). Names written on Windows in its 8-bit code page read as Latin-1.
+QString fileNameFromBytes(const QByteArray& bytes);
+QByteArray fileNameBytes(const QString& name);
+
 // Reads a whole file; false when it can't be read.
 bool readFile(const QString& path, QByteArray& out);
-// Replaces a file whole; false when it can't be written.
+// Every write of a file goes through here. The file is replaced whole and
+// only once the new text is complete; false when it can't be written, and
+// then the old file is left byte for byte as it was. A read-only file (its
+// owner's write bit off) is refused, and so is a folder in the file's place.
 bool writeFile(const QString& path, const QByteArray& data);
+// True when the file is there and its owner may not write it.
+bool isReadOnlyFile(const QString& path);
+// Copies a file's bytes through writeFile.
+bool copyFile(const QString& from, const QString& to);
 
 } // namespace platform

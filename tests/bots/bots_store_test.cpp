@@ -286,18 +286,17 @@ TEST_F(BotsSave, WritesTheLayoutUnderTheFilesOwnSpelling)
     EXPECT_EQ(dialogs.beeps, 0);
 }
 
-TEST_F(BotsSave, ARowTooWideLeavesAnEmptyFileBehind)
+TEST_F(BotsSave, ARowTooWideKeepsTheOldFile)
 {
     useDemo();
+    const QByteArray before = botsFileBytes();
     EXPECT_FALSE(SaveBots({ranger("A"), ranger("SixteenCharName!")}));
     EXPECT_EQ(messages(), QStringList{"Error! Couldn't save bots to bots.cfg."});
-    EXPECT_TRUE(platform::fileExists(botsFilePath()));
-    EXPECT_TRUE(botsFileBytes().isEmpty());
+    EXPECT_EQ(botsFileBytes(), before);
 
-    // Now empty but there, so the team writer may write it again.
     EXPECT_FALSE(SaveFile({ranger("A")}, {TeamRecord{"TwentyTwoCharacters!!!", "", "", ""}}));
     EXPECT_EQ(messages().last(), QStringLiteral("Error! Couldn't save teams to bots.cfg."));
-    EXPECT_TRUE(botsFileBytes().isEmpty());
+    EXPECT_EQ(botsFileBytes(), before);
     EXPECT_EQ(dialogs.beeps, 2);
 }
 

@@ -63,6 +63,8 @@ TEST(MapsCycleFile, ReaderSkipsExactlyEmptyLinesAndTrimsNothing)
     EXPECT_EQ(parseMapCycle("dup\r\ndup\r\n"), (QStringList{"dup", "dup"}));
     EXPECT_TRUE(parseMapCycle("").isEmpty());
     EXPECT_TRUE(parseMapCycle("\r\n").isEmpty());
+    // Names keep the file system's bytes; a Windows-made file reads as Latin-1.
+    EXPECT_EQ(parseMapCycle("na\xc3\xafve\r\n"), QStringList{QStringLiteral("na\u00efve")});
     EXPECT_EQ(parseMapCycle("caf\xe9\r\n"), QStringList{QString::fromLatin1("caf\xe9")});
 }
 
@@ -71,7 +73,7 @@ TEST(MapsCycleFile, WriterEndsEveryLineWithCrLfAndAddsOneEmptyLine)
     EXPECT_EQ(mapCycleText({"q2dm1", "base1"}), QByteArray("q2dm1\r\nbase1\r\n\r\n"));
     const QStringList maps{"q2dm1", "  ", "sub/x", "dup", "dup", QString::fromLatin1("caf\xe9")};
     EXPECT_EQ(parseMapCycle(mapCycleText(maps)), maps);
-    EXPECT_TRUE(mapCycleText(maps).endsWith("\xe9\r\n\r\n"));
+    EXPECT_TRUE(mapCycleText(maps).endsWith("\xc3\xa9\r\n\r\n"));
 }
 
 TEST_F(MapsCycleFixture, SavedCycleRoundTripAndTheCycleList)
@@ -153,10 +155,9 @@ TEST(MapsCycleTitle, FifteenCharactersAndNamesAFileCanHold)
     EXPECT_EQ(checkCycleTitle(QString()), CycleTitleCheck::Empty);
     EXPECT_EQ(checkCycleTitle(QStringLiteral("CTF 1 (night)")), CycleTitleCheck::Ok);
     EXPECT_EQ(checkCycleTitle(kCurrentCycleTitle), CycleTitleCheck::Ok);
-    for (const QString& bad : {QStringLiteral("a/b"), QStringLiteral("a\\b"), QStringLiteral("c:x"),
-                               QStringLiteral("what?"), QStringLiteral("*"), QStringLiteral("\"q\""),
-                               QStringLiteral("<x>"), QStringLiteral("a|b"), QStringLiteral("tab\there"),
-                               QStringLiteral("nul") + QChar(0)})
+    EXPECT_EQ(checkCycleTitle(QStringLiteral("1v1: DM?")), CycleTitleCheck::Ok);
+    EXPECT_EQ(checkCycleTitle(QStringLiteral("a\\b <x>|*")), CycleTitleCheck::Ok);
+    for (const QString& bad : {QStringLiteral("a/b"), QStringLiteral("../up"), QStringLiteral("nul") + QChar(0)})
         EXPECT_EQ(checkCycleTitle(bad), CycleTitleCheck::BadCharacter) << bad.toStdString();
     // Too long wins over bad characters: that is what the user hears first.
     EXPECT_EQ(checkCycleTitle(QStringLiteral("////////////////")), CycleTitleCheck::TooLong);
