@@ -85,4 +85,27 @@ QString botLossWarning(const BotLoss& loss)
     return text + QStringLiteral(": ") + why.join(QStringLiteral(", and ")) + QStringLiteral(". Choose fewer bots.");
 }
 
+QString gameFolderWarning(const QString& gameFolder)
+{
+    if (!gameFolder.contains(QLatin1Char('+')))
+        return QString();
+    return QStringLiteral("The game folder \"%1\" has a \"+\" in its path. The game reads everything after a \"+\" "
+                          "as a command, so it will start without the settings you choose here. Move the game to "
+                          "a folder without \"+\" to play with them.")
+        .arg(gameFolder);
+}
+
+QString modFolderWarning(const QString& modShortName)
+{
+    if (modShortName.contains(QLatin1Char(' ')))
+        return QStringLiteral("The mod folder \"%1\" has a blank in its name. The game takes only \"%2\" as the "
+                              "mod's name and won't find the bots. Rename the folder without blanks.")
+            .arg(modShortName, modShortName.section(QLatin1Char(' '), 0, 0));
+    if (modShortName.contains(QLatin1Char('+')))
+        return QStringLiteral("The mod folder \"%1\" has a \"+\" in its name. The game reads everything after a "
+                              "\"+\" as a command and won't find the mod. Rename the folder without \"+\".")
+            .arg(modShortName);
+    return QString();
+}
+
 } // namespace pages

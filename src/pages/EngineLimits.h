@@ -24,4 +24,11 @@ BotLoss botsTheGameLoses(const QByteArray& config);
 // The warning shown beside the command; empty when every bot gets through.
 QString botLossWarning(const BotLoss& loss);
 
+// The game's command line is split at blanks and every "+" starts a command,
+// with no quoting. A game folder with a "+" in its path or a mod folder whose
+// name holds a blank or a "+" is therefore read wrongly by the game; these
+// say what will go wrong, empty when nothing will.
+QString gameFolderWarning(const QString& gameFolder);
+QString modFolderWarning(const QString& modShortName);
+
 } // namespace pages
