@@ -61,6 +61,12 @@ inline int BotLineErrorFlag = 0;
 // included. Zero is what the team page takes for "no teams".
 inline int TeamsSectionLines = 0;
 
+// 1 once reading bots.cfg failed and the user has been told: every load
+// looks at it first and does nothing, so one damaged file makes one message.
+inline int BotFileErrorFlag = 0;
+// 1 while a GetNewBots run is to report its progress (start-up and Refresh).
+inline int ShowBotProgress = 0;
+
 // Progress of a bots load: value of maximum, value starting at 0.
 using ProgressFn = std::function<void(int value, int maximum)>;
 

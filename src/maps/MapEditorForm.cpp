@@ -6,9 +6,8 @@
 #include "maps/MapTree.h"
 #include "maps/MapTreeView.h"
 #include "platform/Dialogs.h"
+#include "platform/ProgramContext.h"
 #include "platform/Random.h"
-#include "wizard/Globals.h"
-#include "wizard/Program.h"
 
 namespace torvik {
 namespace {
@@ -51,10 +50,10 @@ MapEditorForm::MapEditorForm(QWidget* parent) : QDialog(parent)
 bool MapEditorForm::GetMaps()
 {
     mapeditor::EditorMaps maps;
-    const MapScanResult scan = mapeditor::GetMaps(gameFolder(), modFolder(), maps);
+    const MapScanResult scan = mapeditor::GetMaps(platform::programContext.gameFolder(), platform::programContext.modFolder(), maps);
     if (!scan.ok()) {
         platform::msgBox(mapeditor::failureText(scan));
-        ExitProgram(true);
+        platform::exitProgram();
         return false;
     }
     ui.List1->addItems(maps.List1);
@@ -123,7 +122,8 @@ void MapEditorForm::Command1_Click()
         ui.List4->clear();
         return;
     }
-    KeepMapLabel = 1;
+    // Accepted only here: the caller keeps the chosen map after an Exit, and
+    // works it out anew after the close box.
     accept();
 }
 

@@ -12,7 +12,7 @@ class MapEditorForm : public QDialog {
     Q_OBJECT
 public:
     // Reads the maps at once. When that fails the user is told and the
-    // program ends (programEnded() is true after the constructor).
+    // program ends (platform::programEnded() is true after the constructor).
     explicit MapEditorForm(QWidget* parent = nullptr);
 
     Ui::MapEditorForm ui;

@@ -12,7 +12,6 @@
 #include "wizard/Globals.h"
 #include "wizard/Launch.h"
 #include "wizard/MainForm.h"
-#include "wizard/Module1.h"
 #include "wizard/Program.h"
 
 #include <QFile>
@@ -141,7 +140,7 @@ void MainForm::SetupAnswerPages()
     };
     for (const auto& [label, target] : links) {
         const QString where = QString::fromLatin1(target);
-        connect(label, &platform::ClickLabel::clicked, this, [where] { OpenWithShell(where); });
+        connect(label, &platform::ClickLabel::clicked, this, [where] { platform::openWithDesktop(where); });
     }
 }
 

@@ -132,7 +132,8 @@ void MainForm::Command18_Click()
         MapEditorForm editor(this);
         if (programEnded())
             return;
-        editor.exec();
+        if (editor.exec() == QDialog::Accepted)
+            KeepMapLabel = 1;
     } catch (const std::bad_alloc&) {
         platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."),
                          platform::Buttons::Ok, platform::Icon::Critical);

@@ -7,14 +7,51 @@
 #include "platform/Timer.h"
 #include "wizard/Globals.h"
 #include "wizard/MainForm.h"
-#include "wizard/Module1.h"
 #include "wizard/Program.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <new>
 
+#include <dirent.h>
+
 namespace torvik {
+namespace {
+
+// Tries the listing itself: permission bits alone don't tell what this
+// process may do (an administrator's rights, access lists).
+bool canList(const QString& folder)
+{
+    DIR* dir = ::opendir(QFile::encodeName(folder).constData());
+    if (!dir)
+        return false;
+    ::closedir(dir);
+    return true;
+}
+
+// Makes one of the program's own folders when it is missing. False after
+// telling the user and ending the program, when that can't be done.
+bool checkProgramFolder(const QString& name, const QString& failure)
+{
+    const QString path = platform::joinPath(ProgramFolder, name);
+    const QString real = platform::resolvePath(path);
+    bool ok;
+    if (real.isEmpty())
+        ok = QDir().mkdir(path);
+    else
+        ok = QFileInfo(real).isDir() && canList(real);
+    if (!ok) {
+        platform::msgBox(failure);
+        ExitProgram(true);
+    }
+    return ok;
+}
+
+QString savedFolder() { return platform::programContext.inProgramFolder(QStringLiteral("Saved")); }
+
+} // namespace
 
 SplashForm::SplashForm(QWidget* parent) : QWidget(parent)
 {
@@ -55,7 +92,11 @@ void SplashForm::Form_Load()
         ExitProgram(true);
         return;
     }
-    if (!CheckMapInfoFolder() || !CheckBackupFolder() || !CheckSavedFolder())
+    // The map words of the Saved folder's message are the program's own,
+    // kept as they always were.
+    if (!checkProgramFolder(QStringLiteral("MapInfo"), QStringLiteral("Couldn't check for map information"))
+        || !checkProgramFolder(QStringLiteral("Backup"), QStringLiteral("Couldn't check for backup information"))
+        || !checkProgramFolder(QStringLiteral("Saved"), QStringLiteral("Couldn't check for map information")))
         return;
     RefreshFile1();
     if (ui.File1->count() == 0)
@@ -67,7 +108,7 @@ void SplashForm::Form_Load()
 void SplashForm::RefreshFile1()
 {
     ui.File1->clear();
-    ui.File1->addItems(platform::listFiles(SavedFolder(), {QStringLiteral("*.TKD")}));
+    ui.File1->addItems(platform::listFiles(savedFolder(), {QStringLiteral("*.TKD")}));
 }
 
 void SplashForm::Timer4_Timer()
@@ -87,8 +128,8 @@ void SplashForm::Timer4_Timer()
         OfferRepair();
         return;
     }
-    delete GraphicsObject;
-    GraphicsObject = component.release();
+    delete media::GraphicsObject;
+    media::GraphicsObject = component.release();
     Timer1->setEnabled(true);
 }
 
@@ -105,7 +146,7 @@ void SplashForm::OfferRepair()
         return;
     platform::msgBox(QStringLiteral("If worked...You will receive a message saying Dllregisterserver successful.  "
                                     "TK will end afterward."));
-    if (RepairGraphicsComponent())
+    if (media::GraphicsComponent::repair(ProgramFolder))
         platform::msgBox(QStringLiteral("DllRegisterServer in tkgraphics.dll succeeded."));
     else
         platform::msgBox(QStringLiteral("DllRegisterServer in tkgraphics.dll failed."), platform::Buttons::Ok,
@@ -179,7 +220,7 @@ void SplashForm::Command2_Click()
     if (!platform::ask(QStringLiteral("Are you sure you want to delete ") + name + QStringLiteral(" ?"),
                        QStringLiteral("Delete")))
         return;
-    const QString saved = SavedFolder();
+    const QString saved = savedFolder();
     if (!QFile::remove(platform::joinPath(saved, name))) {
         platform::msgBox(QStringLiteral("Couldn't delete ") + name + QStringLiteral("!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
