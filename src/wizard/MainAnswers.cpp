@@ -183,7 +183,7 @@ void MainForm::GameTypeClick(const QString& code)
     GameTypeCode = code;
 }
 
-pages::DMFlagBoxes dmflagBoxes(const MainForm& form)
+DMFlagBoxes dmflagBoxes(const MainForm& form)
 {
     const auto& dm = form.ui.DMFlags->ui;
     const auto& ctf = form.ui.CTFflags->ui;
@@ -198,7 +198,7 @@ pages::DMFlagBoxes dmflagBoxes(const MainForm& form)
 
 void MainForm::UpdateDMFlags()
 {
-    const int value = pages::dmflagsForTitle(dmflagBoxes(*this), GameTypeCode == QLatin1String("CTF"));
+    const int value = dmflagsForTitle(dmflagBoxes(*this), GameTypeCode == QLatin1String("CTF"));
     ui.DMFlags->ui.Frame10->setTitle(QStringLiteral("Death Match Flags (") + QString::number(value) + QLatin1Char(')'));
 }
 
@@ -304,9 +304,9 @@ ComposerInput MainForm::ReadAnswers() const
 }
 
 // The text box shows lines; the command keeps CR LF, which the split counts.
-void MainForm::GetCmdLine()
+void MainForm::composeCommandLine()
 {
-    QString text = torvik::GetCmdLine(ReadAnswers());
+    QString text = torvik::composeCommandLine(ReadAnswers());
     ui.CommandLine->ui.CmdLine->setPlainText(text.replace(CRLF, QStringLiteral("\n")));
 }
 

@@ -501,7 +501,7 @@ void MainForm::Main_Next_Click()
     case 8:
         ui.PlayerSetup->setVisible(false);
         ui.CommandLine->setVisible(true);
-        GetCmdLine();
+        composeCommandLine();
         break;
     case 9:
         EnterAllDone();
@@ -691,7 +691,7 @@ void MainForm::BuildGotoMenu()
                 return;
             }
             if (handler == QLatin1String("GotoAllDone"))
-                GetCmdLine();
+                composeCommandLine();
             ClickNext();
         });
     }

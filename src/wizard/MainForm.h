@@ -2,7 +2,7 @@
 // The wizard's main form: tool strip, page picture and the stack of pages.
 // The answers are the values of its controls.
 #include "ui_MainForm.h"
-#include "wizard/Composer.h"
+#include "command/Composer.h"
 
 #include <QWidget>
 
@@ -55,7 +55,7 @@ public:
 
     // Answers, command and launch.
     void UpdateDMFlags();
-    void GetCmdLine();
+    void composeCommandLine();
     void TryCommand();
     void Start_Click();
     ComposerInput ReadAnswers() const;
