@@ -1,6 +1,7 @@
 #pragma once
 // Process-wide state of the wizard. The answers themselves are the values of
 // the form controls; these are the few values that live beside them.
+#include "pages/WizardState.h"
 #include "platform/ProgramContext.h"
 
 #include <QString>
@@ -17,11 +18,13 @@ inline QString gameFolder() { return platform::programContext.gameFolder(); }
 inline QString modFolder() { return platform::programContext.modFolder(); }
 inline QString modShortName() { return platform::programContext.modShortName(); }
 
-inline int DataFileMode = 0;
+// The game type and the data file flag steer pages as well, which read them
+// from the wizard state.
+inline QString& GameTypeCode = pages::wizardState.gameTypeCode;
+inline int& DataFileMode = pages::wizardState.dataFileMode;
 inline QString DataFileName;
 inline QString CompanionFileName;
 inline int RebuildCTFBots = 1;
-inline QString GameTypeCode = QStringLiteral("DM");
 inline int MapFamilyAtLoad = 1;
 inline int LocationsMissing = 0;
 
@@ -38,6 +41,5 @@ inline int PrefsOpen = 0;
 inline int PageNumber = 1;
 inline int AboutOpen = 0;
 inline QString LastBotCount;
-inline int KeepMapLabel = 0;
 
 } // namespace torvik

@@ -36,23 +36,7 @@ QString skillName(int value)
 
 void MainForm::SetupAnswerPages()
 {
-    auto& gt = ui.GameType->ui;
-    connect(gt.Option8, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            GameTypeClick(QStringLiteral("SP"));
-    });
-    connect(gt.Option1, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            GameTypeClick(QStringLiteral("DM"));
-    });
-    connect(gt.Option2, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            GameTypeClick(QStringLiteral("DMT"));
-    });
-    connect(gt.Option3, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            GameTypeClick(QStringLiteral("CTF"));
-    });
+    connect(ui.GameType, &pages::GameTypePage::chosen, this, &MainForm::chooseGameType);
 
     auto& dm = ui.DMFlags->ui;
     auto& ctf = ui.CTFflags->ui;
@@ -161,25 +145,24 @@ void MainForm::FillFixedLists()
           QStringLiteral("Cable Modem"), QStringLiteral("T1 Connection"), QStringLiteral("Local-Area-Network")});
 }
 
-void MainForm::GameTypeClick(const QString& code)
+// Single player has a map tree of its own, so entering or leaving it reads
+// the maps again. Every choice of a multiplayer type puts its map back, even
+// without a change: players expect a fitting map after choosing the game.
+void MainForm::chooseGameType(const QString& code)
 {
     if (code == QLatin1String("SP")) {
         if (GameTypeCode != code) {
             GameTypeCode = code;
-            AddMaps();
+            ui.StartMap->addMaps();
         }
-        GameTypeCode = code;
         return;
     }
-    // Single player has a map tree of its own.
     if (GameTypeCode == QLatin1String("SP")) {
         GameTypeCode = code;
-        AddMaps();
+        ui.StartMap->addMaps();
     }
-    // Every click puts the map of the game type back, even without a change:
-    // players expect a fitting map after choosing the game.
     if (DataFileMode == 0)
-        ui.StartMap->ui.Label24->setText(code == QLatin1String("CTF") ? QStringLiteral("q2ctf1") : QStringLiteral("base1"));
+        ui.StartMap->showDefaultMap(code);
     GameTypeCode = code;
 }
 
@@ -243,7 +226,6 @@ ComposerInput MainForm::ReadAnswers() const
     in.freeSlots = gf.Text11->text();
     in.dmflags = dmflagBoxes(*this);
     in.playersPerTeam = tm.Text2->text();
-    in.mapmodRandom = ui.StartMap->ui.Check39->isChecked();
     in.tarzanEnabled = gf.Check40->isEnabled();
     in.tarzan = gf.Check40->isChecked();
     in.handOn = ps.Check41->isChecked();
@@ -268,7 +250,7 @@ ComposerInput MainForm::ReadAnswers() const
     in.address[1] = ad.Text2->text();
     in.address[2] = ad.Text3->text();
     in.address[3] = ad.Text4->text();
-    in.map = ui.StartMap->ui.Label24->text();
+    ui.StartMap->readAnswersInto(in);
     in.lagOn = gf.Check21->isChecked();
     in.lag = gf.Text5->text();
 
@@ -343,13 +325,12 @@ void MainForm::Start_Click()
     // Saving the answers and the chosen map cycle come before the launch.
     if (ad.Check26->isChecked() && ad.Check44->isChecked())
         return;
-    const QComboBox* cycles = ui.StartMap->ui.Combo2;
-    if (!FixMapCycle(cycles->currentText(), cycles->itemText(0)))
+    if (!FixMapCycle(ui.StartMap->chosenCycle(), ui.StartMap->firstCycleRow()))
         return;
 
     platform::ProcessStart start;
     if (GameTypeCode == QLatin1String("SP")) {
-        start = platform::executableStart(Quake2Location, {QStringLiteral("+map"), ui.StartMap->ui.Label24->text()},
+        start = platform::executableStart(Quake2Location, {QStringLiteral("+map"), ui.StartMap->chosenMap()},
                                           folder);
     } else {
         QStringList words = splitHead(LaunchHead + QStringLiteral(" +exec asdf.cfg "), Quake2Location);

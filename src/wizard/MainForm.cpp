@@ -4,6 +4,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "custom/CustomForm.h"
+#include "maps/MapEditorForm.h"
 #include "pages/AdvancedForm.h"
 #include "wizard/Globals.h"
 #include "wizard/Launch.h"
@@ -87,7 +88,7 @@ void MainForm::ConnectControls()
 
     SetupAnswerPages();
     SetupBotPages();
-    SetupMapPage();
+    connect(ui.Command18, &QToolButton::clicked, this, &MainForm::openMapCycleEditor);
 }
 
 // ---------------------------------------------------------------- load
@@ -96,7 +97,7 @@ void MainForm::Form_Load()
 {
     auto& gt = ui.GameType->ui;
     MapFamilyAtLoad = gt.Option2->isChecked() ? 2 : gt.Option3->isChecked() ? 3 : 1;
-    KeepMapLabel = 0;
+    ui.StartMap->KeepMapLabel = 0;
     GameTypeCode = QStringLiteral("DM");
     if (!FixStuff())
         return;
@@ -105,7 +106,7 @@ void MainForm::Form_Load()
     if (programEnded())
         return;
     if (LocationsMissing != 1) {
-        AddMaps();
+        ui.StartMap->addMaps();
         if (programEnded())
             return;
         UpdateDMFlags();
@@ -358,15 +359,12 @@ void MainForm::ClearFrames()
         panel->setVisible(false);
 }
 
+// With none of the multiplayer types on, single player stays as it is.
 void MainForm::CheckGameStatus()
 {
-    auto& gt = ui.GameType->ui;
-    if (gt.Option1->isChecked())
-        GameTypeCode = QStringLiteral("DM");
-    else if (gt.Option2->isChecked())
-        GameTypeCode = QStringLiteral("DMT");
-    else if (gt.Option3->isChecked())
-        GameTypeCode = QStringLiteral("CTF");
+    const QString code = ui.GameType->multiplayerChoice();
+    if (!code.isEmpty())
+        GameTypeCode = code;
 }
 
 QWidget* MainForm::PanelOf(int page) const
@@ -630,7 +628,7 @@ void MainForm::Main_Cancel_Click()
             ReloadAfterPrefs = 0;
             if (!ReloadBotsAfterPrefs())
                 return;
-            AddMaps();
+            ui.StartMap->addMaps();
             if (programEnded())
                 return;
         }
@@ -730,6 +728,26 @@ void MainForm::ClickNext()
 void MainForm::ClickPrev()
 {
     Main_Previous_Click();
+}
+
+// However the editor was left, the tree is read again, which brings a cycle
+// saved there into the list of cycles; its Exit keeps the chosen map.
+void MainForm::openMapCycleEditor()
+{
+    try {
+        MapEditorForm editor(this);
+        if (programEnded())
+            return;
+        if (editor.exec() == QDialog::Accepted)
+            ui.StartMap->KeepMapLabel = 1;
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."),
+                         platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+        return;
+    }
+    if (!programEnded())
+        ui.StartMap->addMaps();
 }
 
 } // namespace torvik

@@ -60,13 +60,8 @@ public:
     void Start_Click();
     ComposerInput ReadAnswers() const;
 
-    // Maps (MainMaps.cpp).
-    void AddMaps();
-    void LoadMapCycles();
-    void Command5_Click();
-    void Command18_Click();
-    void Command26_Click();
-    QString SelectedNodeText;
+    // Tool strip.
+    void openMapCycleEditor();
 
     // Locations.
     void CheckFileLocs();
@@ -112,7 +107,7 @@ private:
     void EnterAllDone();
     void SetupAnswerPages();
     void FillFixedLists();
-    void GameTypeClick(const QString& code);
+    void chooseGameType(const QString& code);
     void Label42_Click();
     void SetupBotPages();
     void BotModeChanged();
@@ -130,8 +125,6 @@ private:
     void MoveSelectedBots(QListWidget* from, QListWidget* to);
     void MoveAllBots(QListWidget* from, QListWidget* to);
     bool tyingAmount_ = false;
-    void SetupMapPage();
-    bool AddMapsRun(QString* failure);
 
     QAction* addGoto(const QString& caption, const char* handler);
 };

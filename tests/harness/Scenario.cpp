@@ -11,6 +11,7 @@
 #include "platform/SingleInstance.h"
 #include "platform/Timer.h"
 #include "wizard/Globals.h"
+#include "wizard/MainForm.h"
 #include "bots/BotStore.h"
 #include "bots/Examination.h"
 #include "wizard/Program.h"
@@ -127,7 +128,15 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("PageNumber", &torvik::PageNumber);
         number("AboutOpen", &torvik::AboutOpen);
         text("LastBotCount", &torvik::LastBotCount);
-        number("KeepMapLabel", &torvik::KeepMapLabel);
+        // Values that live in a page now, read off the main form; before it
+        // is there they have their start values.
+        auto pageNumber = [&t](const char* name, int start, std::function<int(torvik::MainForm&)> read) {
+            t[QLatin1String(name)] = [start, read] {
+                torvik::MainForm* form = torvik::MainFormInstance();
+                return QString::number(form ? read(*form) : start);
+            };
+        };
+        pageNumber("KeepMapLabel", 0, [](torvik::MainForm& f) { return f.ui.StartMap->KeepMapLabel; });
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
         auto number16 = [&t](const char* name, const qint16* v) {
