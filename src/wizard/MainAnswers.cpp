@@ -39,11 +39,11 @@ void MainForm::SetupAnswerPages()
     connect(ui.GameType, &pages::GameTypePage::chosen, this, &MainForm::chooseGameType);
 
     auto& dm = ui.DMFlags->ui;
-    auto& ctf = ui.CTFflags->ui;
     for (QCheckBox* box : {dm.Check2, dm.Check3, dm.Check4, dm.Check5, dm.Check6, dm.Check7, dm.Check8, dm.Check9,
                            dm.Check10, dm.Check11, dm.Check12, dm.Check13, dm.Check14, dm.Check16, dm.Check19,
-                           dm.Check47, ctf.Check27, ctf.Check28, ctf.Check29})
+                           dm.Check47})
         connect(box, &QCheckBox::toggled, this, &MainForm::UpdateDMFlags);
+    connect(ui.CTFflags, &pages::CTFflagsPage::flagsChanged, this, &MainForm::UpdateDMFlags);
     enableWith(dm.Check17, dm.Text4);
     enableWith(dm.Check18, dm.Text3);
     enableWith(dm.Check31, dm.Text10);
@@ -65,28 +65,12 @@ void MainForm::SetupAnswerPages()
                                                                      QStringLiteral("00")}));
     pages::AttachNumericBox(gf.Text11, pages::FixedRule(0, 40, "0"));
 
-    enableWith(ctf.Check37, ctf.Text16);
-    enableWith(ctf.Check46, ctf.Text15);
-    connect(ctf.Check36, &QCheckBox::toggled, this, [this](bool on) {
-        auto& c = ui.CTFflags->ui;
-        c.Text14->setEnabled(on);
-        c.Check45->setEnabled(!on);
-        c.Check46->setEnabled(!on);
-        c.Text15->setEnabled(!on && c.Check46->isChecked());
-    });
-    connect(ctf.Check38, &QCheckBox::toggled, this, [this](bool on) { ui.CTFflags->ui.SSTab2->setTabEnabled(1, on); });
-    connect(ctf.SSTab2, &QTabWidget::currentChanged, this, [this](int tab) {
+    connect(ui.CTFflags, &pages::CTFflagsPage::pictureWanted, this, [this](const QString& key) {
         if (PageNumber == 7)
-            media::ShowGraphic(tab == 1 ? QStringLiteral("showteameditor") : QStringLiteral("showctfflags"), ui.CurrentPix);
+            media::ShowGraphic(key, ui.CurrentPix);
     });
-    pages::AttachNumericBox(ctf.Text14, pages::FixedRule(0, 50, "1"));
-    pages::AttachNumericBox(ctf.Text16, pages::FixedRule(0, 50, "1"));
     QLineEdit* maxPlayers = dm.Text10;
-    pages::AttachNumericBox(ctf.Text15, {0, [maxPlayers] { return pages::leadingValue(maxPlayers->text()); },
-                                         QStringLiteral("1"), {QStringLiteral("000"), QStringLiteral("00")}});
-
-    pages::AttachNumericBox(ui.SpawnBots->ui.Text1, pages::FixedRule(0, 60, "0", {QStringLiteral("00")}));
-    pages::AttachNumericBox(ui.Teams->ui.Text2, pages::FixedRule(0, 10, "0", {QStringLiteral("00")}));
+    ui.CTFflags->limitBotsPerHuman([maxPlayers] { return pages::leadingValue(maxPlayers->text()); });
 
     auto& ps = ui.PlayerSetup->ui;
     enableWith(ps.Check35, ps.Text13);
@@ -138,7 +122,6 @@ void MainForm::FillFixedLists()
     fill(ui.PlayerSetup->ui.Combo3, {QStringLiteral("Right"), QStringLiteral("Left"), QStringLiteral("Center")});
     fill(ui.PlayerSetup->ui.Combo4,
          {QStringLiteral("None"), QStringLiteral("Cross"), QStringLiteral("Red Dot"), QStringLiteral("Angle")});
-    fill(ui.CTFflags->ui.Combo7, {QStringLiteral("Choose on Launch"), QStringLiteral("Red"), QStringLiteral("Blue")});
     fill(Advanced->ui.Combo8,
          {QStringLiteral("Don't Use"), QStringLiteral("28.8 Modem"), QStringLiteral("33.6 Modem"),
           QStringLiteral("Single ISDN"), QStringLiteral("56K Modem"), QStringLiteral("Duel ISDN"),
@@ -169,14 +152,14 @@ void MainForm::chooseGameType(const QString& code)
 DMFlagBoxes dmflagBoxes(const MainForm& form)
 {
     const auto& dm = form.ui.DMFlags->ui;
-    const auto& ctf = form.ui.CTFflags->ui;
-    return {{2, dm.Check2->isChecked()},   {3, dm.Check3->isChecked()},   {4, dm.Check4->isChecked()},
+    DMFlagBoxes boxes = {{2, dm.Check2->isChecked()},   {3, dm.Check3->isChecked()},   {4, dm.Check4->isChecked()},
             {5, dm.Check5->isChecked()},   {6, dm.Check6->isChecked()},   {7, dm.Check7->isChecked()},
             {8, dm.Check8->isChecked()},   {9, dm.Check9->isChecked()},   {10, dm.Check10->isChecked()},
             {11, dm.Check11->isChecked()}, {12, dm.Check12->isChecked()}, {13, dm.Check13->isChecked()},
             {14, dm.Check14->isChecked()}, {16, dm.Check16->isChecked()}, {19, dm.Check19->isChecked()},
-            {47, dm.Check47->isChecked()}, {27, ctf.Check27->isChecked()}, {28, ctf.Check28->isChecked()},
-            {29, ctf.Check29->isChecked()}};
+            {47, dm.Check47->isChecked()}};
+    boxes.merge(form.ui.CTFflags->flagBoxes());
+    return boxes;
 }
 
 void MainForm::UpdateDMFlags()
@@ -189,10 +172,7 @@ ComposerInput MainForm::ReadAnswers() const
 {
     const auto& dm = ui.DMFlags->ui;
     const auto& gf = ui.GorvanFlags->ui;
-    const auto& ctf = ui.CTFflags->ui;
     const auto& ps = ui.PlayerSetup->ui;
-    const auto& sb = ui.SpawnBots->ui;
-    const auto& tm = ui.Teams->ui;
     const auto& ad = Advanced->ui;
 
     ComposerInput in;
@@ -214,18 +194,11 @@ ComposerInput MainForm::ReadAnswers() const
     in.clientCommands = gf.Check24->isChecked();
     in.connectInfo = gf.Check23->isChecked();
     in.calcNodes = gf.Check22->isChecked();
-    in.captureLimitOn = ctf.Check37->isChecked();
-    in.captureLimit = ctf.Text16->text();
-    in.ctfAutoTeams = ctf.Check36->isChecked();
-    in.ctfTeamSize = ctf.Text14->text();
     in.maxPlayersOn = dm.Check31->isChecked();
     in.maxPlayers = dm.Text10->text();
-    in.randomBots = sb.Option4->isChecked();
-    in.randomBotCount = sb.Text1->text();
     in.freeSlotsOn = gf.Check32->isChecked();
     in.freeSlots = gf.Text11->text();
     in.dmflags = dmflagBoxes(*this);
-    in.playersPerTeam = tm.Text2->text();
     in.tarzanEnabled = gf.Check40->isEnabled();
     in.tarzan = gf.Check40->isChecked();
     in.handOn = ps.Check41->isChecked();
@@ -237,9 +210,6 @@ ComposerInput MainForm::ReadAnswers() const
     in.skin = ps.Combo6->currentText();
     in.rateText = ad.Combo8->currentText();
     in.rateIndex = ad.Combo8->currentIndex();
-    in.specialTeams = ctf.Check46->isChecked();
-    in.specialTeamsBots = ctf.Text15->text();
-    in.humanOnlyTeams = ctf.Check45->isChecked();
     in.downloads = ad.Check1->isChecked();
     in.downloadMaps = ad.Check2->isChecked();
     in.downloadModels = ad.Check3->isChecked();
@@ -254,22 +224,9 @@ ComposerInput MainForm::ReadAnswers() const
     in.lagOn = gf.Check21->isChecked();
     in.lag = gf.Text5->text();
 
-    in.ownTeam = tm.Combo1->currentText();
-    for (int i = 0; i < tm.List3->count(); ++i) {
-        in.teamRows << tm.List3->item(i)->text();
-        in.teamSelected << tm.List3->item(i)->isSelected();
-    }
-    in.specificBots = sb.Option5->isChecked();
-    in.selectedCount = sb.Label36->text();
-    in.specificTeams = ctf.Check38->isChecked();
-    for (int i = 0; i < ctf.List5->count(); ++i)
-        in.redBots << ctf.List5->item(i)->text();
-    for (int i = 0; i < ctf.List6->count(); ++i)
-        in.blueBots << ctf.List6->item(i)->text();
-    for (int i = 0; i < sb.List2->count(); ++i)
-        if (sb.List2->item(i)->isSelected())
-            in.selectedBots << sb.List2->item(i)->text();
-    in.teamChoice = ctf.Combo7->currentIndex();
+    ui.Teams->readAnswersInto(in);
+    ui.SpawnBots->readAnswersInto(in);
+    ui.CTFflags->readAnswersInto(in);
 
     const QTreeWidget* shown = Custom->ui.TreeView2;
     const QTreeWidget* shadow = Custom->ui.TreeView1;

@@ -3,6 +3,7 @@
 #include "media/Graphics.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "bots/BotStore.h"
 #include "custom/CustomForm.h"
 #include "maps/MapEditorForm.h"
 #include "pages/AdvancedForm.h"
@@ -10,6 +11,7 @@
 #include "wizard/Launch.h"
 #include "wizard/Locations.h"
 #include "wizard/Program.h"
+#include "wizard/ProgressForm.h"
 #include "wizard/Q2EXEForm.h"
 
 #include <QCloseEvent>
@@ -448,15 +450,12 @@ void MainForm::Main_Next_Click()
         ShowPageOf(4);
         break;
     case 4:
-        if (ui.SpawnBots->ui.Text1->text().isEmpty()) {
-            ui.SpawnBots->ui.Text1->setText(QStringLiteral("0"));
-            ui.SpawnBots->ui.HScroll1->setValue(0);
-        }
+        ui.SpawnBots->settleEmptyAmount();
         ui.Teams->setVisible(false);
         ui.SpawnBots->setVisible(false);
         ui.DMFlags->setVisible(true);
         if (RebuildCTFBots == 1) {
-            AddCTFBots();
+            addCTFBots();
             RebuildCTFBots = 0;
         }
         break;
@@ -469,23 +468,12 @@ void MainForm::Main_Next_Click()
         ui.GorvanFlags->setVisible(false);
         // Another number of chosen bots means another choice: the CTF team
         // lists start again from it.
-        if (ui.SpawnBots->ui.Label36->text() != LastBotCount)
-            AddCTFBots();
-        LastBotCount = ui.SpawnBots->ui.Label36->text();
+        if (ui.SpawnBots->chosenCount() != LastBotCount)
+            addCTFBots();
+        LastBotCount = ui.SpawnBots->chosenCount();
         if (GameTypeCode == QLatin1String("CTF")) {
-            auto& ctf = ui.CTFflags->ui;
             ui.CTFflags->setVisible(true);
-            // Team assignment exists only for hand-picked bots.
-            if (ui.SpawnBots->ui.Option5->isChecked()) {
-                ctf.Check38->setEnabled(true);
-                ctf.SSTab2->setTabEnabled(1, ctf.Check38->isChecked());
-            } else {
-                ctf.Check38->setEnabled(false);
-                ctf.Check38->setChecked(false);
-                ctf.SSTab2->setTabEnabled(1, false);
-            }
-            ctf.SSTab2->setTabEnabled(0, true);
-            ctf.SSTab2->setCurrentIndex(0);
+            ui.CTFflags->enter(ui.SpawnBots->specificBots());
         } else {
             ++PageNumber;
             ui.PlayerSetup->setVisible(true);
@@ -748,6 +736,62 @@ void MainForm::openMapCycleEditor()
     }
     if (!programEnded())
         ui.StartMap->addMaps();
+}
+
+// ---------------------------------------------------------------- bots and teams
+
+void MainForm::SetupBotPages()
+{
+    const QPointer<MainForm> self(this);
+    RestoreBotsCfgHook = [self] {
+        if (self)
+            self->RestoreBotsCfg();
+    };
+    Progress = new ProgressForm(this);
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadBegun, Progress, &ProgressForm::begin);
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadProgressed, Progress, &ProgressForm::report);
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadEnded, Progress, &QWidget::hide);
+    connect(ui.Teams, &pages::TeamsPage::noTeamsFound, this, [this] { ui.GameType->ui.Option2->setEnabled(false); });
+    connect(ui.CTFflags, &pages::CTFflagsPage::teamListsWanted, this, &MainForm::addCTFBots);
+}
+
+void MainForm::LoadBotsAtStart()
+{
+    ui.SpawnBots->ui.Label36->setText(QStringLiteral("0"));
+    if (BotFileErrorFlag == 1)
+        return;
+    ui.Teams->loadTeams();
+    if (BotFileErrorFlag == 1)
+        return;
+    ShowBotProgress = 1;
+    ui.SpawnBots->loadBots();
+    ShowBotProgress = 0;
+}
+
+bool MainForm::ReloadBotsAfterPrefs()
+{
+    if (BotFileErrorFlag == 1)
+        return false;
+    ui.SpawnBots->loadBots();
+    if (BotFileErrorFlag == 1)
+        return false;
+    ui.Teams->loadTeams();
+    return BotFileErrorFlag != 1;
+}
+
+// A file that can't be read is to be replaced by the internal copy through
+// the Backup Manager, which then ends the program. Until that manager is
+// there the load simply stops after its message and the pages stay empty.
+void MainForm::RestoreBotsCfg() {}
+
+// The CTF team lists start again from the bots chosen on the bot page. While
+// a data file is put in place they come from the file, and with no bots
+// listed there is nothing to start from.
+void MainForm::addCTFBots()
+{
+    if (DataFileMode == 1 || ui.SpawnBots->listedBotCount() == 0)
+        return;
+    ui.CTFflags->startTeamLists(ui.SpawnBots->chosenBots());
 }
 
 } // namespace torvik

@@ -69,24 +69,12 @@ public:
     void Command1_Click();
     void Command2_Click();
 
-    // Bots and teams pages (MainBots.cpp).
+    // Bots and teams.
     void LoadBotsAtStart();
     bool ReloadBotsAfterPrefs();
-    void GetNewBots();
-    void GetNewTeams();
-    void CheckSel();
-    void ShowBotCounter();
-    void ShowBotView(bool extended);
-    void CheckSel1();
-    void Command3_Click();
-    void Command4_Click();
-    void AddCTFBots();
+    void addCTFBots();
     void RestoreBotsCfg();
-    platform::Timer* Timer2 = nullptr;
     ProgressForm* Progress = nullptr;
-    // 1-based rows last clicked in the two report views; 0 before any click.
-    int ListCurrentBot = 0;
-    int ListCurrentTeam = 0;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -110,21 +98,6 @@ private:
     void chooseGameType(const QString& code);
     void Label42_Click();
     void SetupBotPages();
-    void BotModeChanged();
-    void Text1_Change();
-    void HScroll1_Change();
-    void Check33_Click();
-    void Check34_Click();
-    void ListView1_DblClick();
-    void ListView1_RightPress();
-    void Timer2_Timer();
-    void ListView2_DblClick();
-    void List3_Click();
-    void List3_DblClick();
-    void Combo1_Click();
-    void MoveSelectedBots(QListWidget* from, QListWidget* to);
-    void MoveAllBots(QListWidget* from, QListWidget* to);
-    bool tyingAmount_ = false;
 
     QAction* addGoto(const QString& caption, const char* handler);
 };
