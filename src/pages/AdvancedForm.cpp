@@ -1,5 +1,6 @@
 #include "pages/AdvancedForm.h"
 
+#include "command/Composer.h"
 #include "pages/NumericBoxes.h"
 
 namespace pages {
@@ -7,6 +8,12 @@ namespace pages {
 AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
 {
     ui.setupUi(this);
+    ui.Combo8->addItems({QStringLiteral("Don't Use"), QStringLiteral("28.8 Modem"), QStringLiteral("33.6 Modem"),
+                         QStringLiteral("Single ISDN"), QStringLiteral("56K Modem"), QStringLiteral("Duel ISDN"),
+                         QStringLiteral("Cable Modem"), QStringLiteral("T1 Connection"),
+                         QStringLiteral("Local-Area-Network")});
+    ui.Combo8->setCurrentIndex(-1);
+
     connect(ui.Check1, &QCheckBox::toggled, this, [this](bool on) {
         for (QCheckBox* box : {ui.Check2, ui.Check3, ui.Check4, ui.Check5})
             box->setEnabled(on);
@@ -20,6 +27,25 @@ AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
     // The dots only stand behind the address parts; typing goes to the first part.
     ui.Text5->setFocusPolicy(Qt::NoFocus);
     connect(ui.Command1, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+bool AdvancedForm::dedicated() const { return ui.Check16->isChecked(); }
+
+void AdvancedForm::readAnswersInto(torvik::ComposerInput& in) const
+{
+    in.dedicated = ui.Check16->isChecked();
+    in.rateText = ui.Combo8->currentText();
+    in.rateIndex = ui.Combo8->currentIndex();
+    in.downloads = ui.Check1->isChecked();
+    in.downloadMaps = ui.Check2->isChecked();
+    in.downloadModels = ui.Check3->isChecked();
+    in.downloadSounds = ui.Check4->isChecked();
+    in.downloadPlayers = ui.Check5->isChecked();
+    in.connect = ui.Check6->isChecked();
+    in.address[0] = ui.Text1->text();
+    in.address[1] = ui.Text2->text();
+    in.address[2] = ui.Text3->text();
+    in.address[3] = ui.Text4->text();
 }
 
 } // namespace pages

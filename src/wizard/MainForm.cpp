@@ -133,7 +133,6 @@ bool MainForm::FixStuff()
         }
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
-        FillFixedLists();
     } catch (const std::bad_alloc&) {
         platform::beep();
         platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."));
@@ -462,7 +461,7 @@ void MainForm::Main_Next_Click()
     case 5:
         ui.DMFlags->setVisible(false);
         ui.GorvanFlags->setVisible(true);
-        ui.GorvanFlags->ui.Check40->setEnabled(GameTypeCode == QLatin1String("CTF"));
+        ui.GorvanFlags->allowTarzan(GameTypeCode == QLatin1String("CTF"));
         break;
     case 6:
         ui.GorvanFlags->setVisible(false);

@@ -94,7 +94,6 @@ private:
     QList<QToolButton*> RaisedButtons() const;
     void EnterAllDone();
     void SetupAnswerPages();
-    void FillFixedLists();
     void chooseGameType(const QString& code);
     void Label42_Click();
     void SetupBotPages();
