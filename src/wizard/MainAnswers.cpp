@@ -17,11 +17,6 @@
 #include <QFile>
 
 namespace torvik {
-namespace {
-
-const QString CRLF = QStringLiteral("\r\n");
-
-} // namespace
 
 void MainForm::SetupAnswerPages()
 {
@@ -37,33 +32,7 @@ void MainForm::SetupAnswerPages()
     const pages::DMFlagsPage* flags = ui.DMFlags;
     ui.CTFflags->limitBotsPerHuman([flags] { return flags->maxPlayers(); });
 
-    auto& ad = ui.AllDone->ui;
-    connect(ad.Check26, &QCheckBox::toggled, this, [this](bool on) {
-        auto& a = ui.AllDone->ui;
-        a.Text6->setVisible(on);
-        a.Label53->setVisible(on);
-        a.Check44->setVisible(on);
-    });
-    connect(ad.Start, &QPushButton::clicked, this, &MainForm::Start_Click);
-    Timer6 = new platform::Timer(this, 1500, false);
-    Timer6->setObjectName(QStringLiteral("Timer6"));
-    connect(Timer6, &platform::Timer::timeout, this, [this] {
-        ui.AllDone->ui.Start->setEnabled(true);
-        Timer6->setEnabled(false);
-    });
-
-    auto& sd = ui.StartDialog->ui;
-    connect(sd.Label42, &platform::ClickLabel::clicked, this, &MainForm::Label42_Click);
-    const std::pair<platform::ClickLabel*, const char*> links[] = {
-        {sd.Label10, "mailto:torvik@torvik.invalid"},
-        {sd.Label32, "mailto:gorvan@gorvan.invalid"},
-        {sd.Label11, "https://torvik.invalid/"},
-        {sd.Label12, "https://gorvan.invalid/"},
-    };
-    for (const auto& [label, target] : links) {
-        const QString where = QString::fromLatin1(target);
-        connect(label, &platform::ClickLabel::clicked, this, [where] { platform::openWithDesktop(where); });
-    }
+    ui.AllDone->setStartMap(ui.StartMap);
 }
 
 // Single player has a map tree of its own, so entering or leaving it reads
@@ -110,79 +79,9 @@ ComposerInput MainForm::ReadAnswers() const
     return in;
 }
 
-// The text box shows lines; the command keeps CR LF, which the split counts.
 void MainForm::composeCommandLine()
 {
-    QString text = torvik::composeCommandLine(ReadAnswers());
-    ui.CommandLine->ui.CmdLine->setPlainText(text.replace(CRLF, QStringLiteral("\n")));
-}
-
-void MainForm::TryCommand()
-{
-    QString text = ui.CommandLine->ui.CmdLine->toPlainText();
-    text.replace(QLatin1Char('\n'), CRLF);
-    const SplitCommand split = splitCommandLine(text, Advanced->dedicated());
-    if (!split.ok) {
-        platform::beep();
-        platform::msgBox(QStringLiteral("Internal Error: Couldn't fix command line"));
-        return;
-    }
-    LaunchHead = split.launchHead;
-    const QString home = platform::joinPath(ProgramFolder, QStringLiteral("asdf.cfg"));
-    QString baseq2 = platform::resolvePath(platform::joinPath(gameFolder(), QStringLiteral("baseq2")));
-    if (baseq2.isEmpty())
-        baseq2 = platform::joinPath(gameFolder(), QStringLiteral("baseq2"));
-    const QString copy = platform::joinPath(baseq2, QStringLiteral("asdf.cfg"));
-    const QByteArray bytes = split.config.toUtf8();
-    QFile::remove(copy);
-    if (!platform::writeFile(home, bytes) || !QFile::copy(home, copy)) {
-        platform::beep();
-        platform::msgBox(QStringLiteral("Couldn't create internal command line!"));
-        return;
-    }
-    Timer6->setEnabled(true);
-}
-
-void MainForm::Start_Click()
-{
-    const auto& ad = ui.AllDone->ui;
-    const QString folder = gameFolder();
-    // Saving the answers and the chosen map cycle come before the launch.
-    if (ad.Check26->isChecked() && ad.Check44->isChecked())
-        return;
-    if (!FixMapCycle(ui.StartMap->chosenCycle(), ui.StartMap->firstCycleRow()))
-        return;
-
-    platform::ProcessStart start;
-    if (GameTypeCode == QLatin1String("SP")) {
-        start = platform::executableStart(Quake2Location, {QStringLiteral("+map"), ui.StartMap->chosenMap()},
-                                          folder);
-    } else {
-        QStringList words = splitHead(LaunchHead + QStringLiteral(" +exec asdf.cfg "), Quake2Location);
-        const QString program = words.isEmpty() ? QString() : words.takeFirst();
-        start = platform::executableStart(program, words, folder);
-    }
-    if (start.program.isEmpty() || !platform::launcher().start(start)) {
-        platform::beep();
-        platform::msgBox(QStringLiteral("Couldn't run Quake2. Re-verify settings!"));
-        return;
-    }
-    if (ad.Check30->isChecked())
-        ExitProgram(true);
-}
-
-void MainForm::Label42_Click()
-{
-    const QString tool = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("zprw.exe")));
-    if (tool.isEmpty() || !platform::fileExists(tool)) {
-        platform::msgBox(QStringLiteral("Couldn't start the Zeprin Update Wizard!"));
-        return;
-    }
-    if (!platform::launcher().start(platform::executableStart(tool, {}, ProgramFolder))) {
-        platform::msgBox(QStringLiteral("Couldn't start the Zeprin Update Wizard!"));
-        return;
-    }
-    ExitProgram(true);
+    ui.CommandLine->showCommand(torvik::composeCommandLine(ReadAnswers()));
 }
 
 } // namespace torvik

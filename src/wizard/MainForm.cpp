@@ -506,21 +506,9 @@ void MainForm::EnterAllDone()
     ui.CommandLine->setVisible(false);
     ui.AllDone->setVisible(true);
     ui.Main_Next->setEnabled(false);
-    const QString cfg = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("asdf.cfg")));
-    const QString launcherCfg = platform::resolvePath(platform::joinPath(modFolder(), QStringLiteral("launcher.cfg")));
-    // Unlike the clean-up at start-up, this delete doesn't clear a read-only
-    // file, and the wizard can't go on with a configuration it can't replace.
-    // A file whose owner may not write it is read-only here, even where the
-    // folder would let it go and even for root.
-    auto removeWritable = [](const QString& path) {
-        return path.isEmpty() || ((QFile::permissions(path) & QFileDevice::WriteOwner) && QFile::remove(path));
-    };
-    if (!removeWritable(cfg) || !removeWritable(launcherCfg)) {
-        platform::msgBox(QStringLiteral("Error: Something has happened. Ending program!(1)"));
-        ExitProgram(true);
+    if (!ui.AllDone->removeOldConfiguration())
         return;
-    }
-    TryCommand();
+    ui.AllDone->prepareLaunch(ui.CommandLine->command(), Advanced->dedicated());
 }
 
 void MainForm::Main_Previous_Click()
@@ -574,7 +562,7 @@ void MainForm::Main_Previous_Click()
             Main_Previous_Click();
             return;
         }
-        ui.AllDone->ui.Start->setEnabled(false);
+        ui.AllDone->holdStart();
         ui.CommandLine->setVisible(true);
         ui.AllDone->setVisible(false);
         break;

@@ -34,9 +34,6 @@ public:
     QMenu* GotoMenu;
     pages::AdvancedForm* Advanced = nullptr;
     custom::CustomForm* Custom = nullptr;
-    platform::Timer* Timer6 = nullptr;
-    // The head of the command, cut out by `try`, started by Start.
-    QString LaunchHead;
 
     // Page engine.
     void Main_Next_Click();
@@ -56,8 +53,6 @@ public:
     // Answers, command and launch.
     void UpdateDMFlags();
     void composeCommandLine();
-    void TryCommand();
-    void Start_Click();
     ComposerInput ReadAnswers() const;
 
     // Tool strip.
@@ -95,7 +90,6 @@ private:
     void EnterAllDone();
     void SetupAnswerPages();
     void chooseGameType(const QString& code);
-    void Label42_Click();
     void SetupBotPages();
 
     QAction* addGoto(const QString& caption, const char* handler);
