@@ -32,8 +32,6 @@ inline int LocationsMissing = 0;
 inline int Quake2Set = 0;
 inline int GorvanSet = 0;
 inline int StoredExeValid = 0;
-inline int DirPrimed = 0;
-inline int ExePicked = 0;
 inline int ReloadAfterPrefs = 0;
 inline int PrefsOpen = 0;
 

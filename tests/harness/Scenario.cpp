@@ -121,8 +121,6 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("Quake2Set", &torvik::Quake2Set);
         number("GorvanSet", &torvik::GorvanSet);
         number("StoredExeValid", &torvik::StoredExeValid);
-        number("DirPrimed", &torvik::DirPrimed);
-        number("ExePicked", &torvik::ExePicked);
         number("ReloadAfterPrefs", &torvik::ReloadAfterPrefs);
         number("PrefsOpen", &torvik::PrefsOpen);
         number("PageNumber", &torvik::PageNumber);
@@ -137,6 +135,8 @@ std::map<QString, std::function<QString()>>& globalTable()
             };
         };
         pageNumber("KeepMapLabel", 0, [](torvik::MainForm& f) { return f.ui.StartMap->KeepMapLabel; });
+        pageNumber("DirPrimed", 0, [](torvik::MainForm& f) { return f.ui.Preferences->DirPrimed; });
+        pageNumber("ExePicked", 0, [](torvik::MainForm& f) { return f.ui.Preferences->ExePicked; });
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
         auto number16 = [&t](const char* name, const qint16* v) {
