@@ -10,6 +10,7 @@
 #include "wizard/Program.h"
 
 #include <QCloseEvent>
+#include <QMouseEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -66,26 +67,27 @@ SplashForm::SplashForm(QWidget* parent) : QWidget(parent)
     Timer3 = new platform::Timer(this, 2, false);
     Timer3->setObjectName(QStringLiteral("Timer3"));
 
-    connect(Timer4, &platform::Timer::timeout, this, &SplashForm::Timer4_Timer);
-    connect(Timer1, &platform::Timer::timeout, this, &SplashForm::Timer1_Timer);
+    connect(Timer4, &platform::Timer::timeout, this, &SplashForm::loadPictureComponent);
+    connect(Timer1, &platform::Timer::timeout, this, &SplashForm::offerDataFiles);
     connect(Timer3, &platform::Timer::timeout, this, [this] {
         Timer3->setEnabled(false);
         Timer1->setEnabled(true);
     });
-    connect(ui.Option1, &QRadioButton::toggled, this, &SplashForm::Option_Click);
-    connect(ui.Option2, &QRadioButton::toggled, this, &SplashForm::Option_Click);
-    connect(ui.Command1, &QPushButton::clicked, this, &SplashForm::Command1_Click);
-    connect(ui.Command2, &QPushButton::clicked, this, &SplashForm::Command2_Click);
-    connect(ui.Command3, &QPushButton::clicked, this, &SplashForm::Command3_Click);
+    connect(ui.Option1, &QRadioButton::toggled, this, &SplashForm::enableDataFileChoice);
+    connect(ui.Option2, &QRadioButton::toggled, this, &SplashForm::enableDataFileChoice);
+    connect(ui.Command1, &QPushButton::clicked, this, &SplashForm::startWizard);
+    connect(ui.Command2, &QPushButton::clicked, this, &SplashForm::deleteDataFile);
+    connect(ui.Command3, &QPushButton::clicked, this, &SplashForm::askToClose);
     connect(ui.File1, &QWidget::customContextMenuRequested, this, [this] {
         if (ui.File1->isEnabled())
-            Command2_Click();
+            deleteDataFile();
     });
+    ui.File1->viewport()->installEventFilter(this);
 
-    Form_Load();
+    loadForm();
 }
 
-void SplashForm::Form_Load()
+void SplashForm::loadForm()
 {
     if (!platform::acquireSingleInstance(SingleInstanceLockPath)) {
         platform::msgBox(QStringLiteral("Only one instance of TK is allowed!"));
@@ -98,20 +100,20 @@ void SplashForm::Form_Load()
         || !checkProgramFolder(QStringLiteral("Backup"), QStringLiteral("Couldn't check for backup information"))
         || !checkProgramFolder(QStringLiteral("Saved"), QStringLiteral("Couldn't check for map information")))
         return;
-    RefreshFile1();
+    listDataFiles();
     if (ui.File1->count() == 0)
         ui.Option2->setEnabled(false);
     loaded_ = true;
     Timer4->setEnabled(true);
 }
 
-void SplashForm::RefreshFile1()
+void SplashForm::listDataFiles()
 {
     ui.File1->clear();
     ui.File1->addItems(platform::listFiles(savedFolder(), {QStringLiteral("*.TKD")}));
 }
 
-void SplashForm::Timer4_Timer()
+void SplashForm::loadPictureComponent()
 {
     Timer4->setEnabled(false);
     if (!platform::fileExists(platform::joinPath(ProgramFolder, QStringLiteral("TKGraphics.dll")))) {
@@ -125,7 +127,7 @@ void SplashForm::Timer4_Timer()
 
     std::unique_ptr<media::GraphicsComponent> component;
     if (media::GraphicsComponent::load(ProgramFolder, component) != media::GraphicsComponent::LoadResult::Ok) {
-        OfferRepair();
+        offerRepair();
         return;
     }
     delete media::GraphicsObject;
@@ -136,7 +138,7 @@ void SplashForm::Timer4_Timer()
 // The component is there but can't be used. Putting back the copy that was
 // installed beside the program is our way of registering it anew; like a
 // registration, it takes effect at the next start.
-void SplashForm::OfferRepair()
+void SplashForm::offerRepair()
 {
     platform::beep();
     const platform::Answer answer = platform::msgBox(
@@ -154,26 +156,26 @@ void SplashForm::OfferRepair()
     ExitProgram(true);
 }
 
-void SplashForm::Timer1_Timer()
+void SplashForm::offerDataFiles()
 {
     Timer1->setEnabled(false);
     ui.Version->setVisible(true);
     if (ui.File1->count() == 0) {
-        Command1_Click();
+        startWizard();
         return;
     }
     ui.Label2->setVisible(false);
     ui.Picture1->setVisible(true);
 }
 
-void SplashForm::Option_Click()
+void SplashForm::enableDataFileChoice()
 {
     const bool on = ui.Option2->isChecked();
     ui.File1->setEnabled(on);
     ui.Command2->setEnabled(on);
 }
 
-void SplashForm::Command1_Click()
+void SplashForm::startWizard()
 {
     ui.Label2->setText(QStringLiteral("LOADING TORVIK..."));
     ui.Label2->setVisible(true);
@@ -208,7 +210,7 @@ void SplashForm::Command1_Click()
     deleteLater();
 }
 
-void SplashForm::Command2_Click()
+void SplashForm::deleteDataFile()
 {
     QListWidgetItem* row = ui.File1->currentItem();
     if (!row || !row->isSelected()) {
@@ -230,21 +232,32 @@ void SplashForm::Command2_Click()
         platform::joinPath(saved, name.left(name.size() - 3) + QStringLiteral("tke")));
     if (!companion.isEmpty())
         QFile::remove(companion);
-    RefreshFile1();
+    listDataFiles();
     if (ui.File1->count() == 0) {
         ui.Option1->setChecked(true);
         ui.Command2->setEnabled(false);
         ui.File1->setEnabled(false);
         ui.Option2->setEnabled(false);
         ui.Picture1->setVisible(false);
-        Command1_Click();
+        startWizard();
     }
 }
 
-void SplashForm::Command3_Click()
+void SplashForm::askToClose()
 {
     if (platform::ask(QStringLiteral("Are you sure you want to close Torvik?"), QStringLiteral("Close Torvik")))
         ExitProgram(true);
+}
+
+// The right press that deletes a file picks the row under the pointer first;
+// its release would pick the row that moved there after the delete, shown
+// highlighted yet not chosen. Dropped, the list stays as the delete left it.
+bool SplashForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui.File1->viewport() && event->type() == QEvent::MouseButtonRelease
+        && static_cast<QMouseEvent*>(event)->button() == Qt::RightButton)
+        return true;
+    return QWidget::eventFilter(watched, event);
 }
 
 void SplashForm::closeEvent(QCloseEvent* event)
