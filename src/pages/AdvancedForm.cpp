@@ -3,6 +3,8 @@
 #include "command/Composer.h"
 #include "pages/NumericBoxes.h"
 
+#include <QEvent>
+
 namespace pages {
 
 AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
@@ -24,9 +26,19 @@ AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
     });
     for (QLineEdit* box : {ui.Text1, ui.Text2, ui.Text3, ui.Text4})
         AttachNumericBox(box, FixedRule(0, 255, "0"));
-    // The dots only stand behind the address parts; typing goes to the first part.
-    ui.Text5->setFocusPolicy(Qt::NoFocus);
+    // The dots only stand behind the address parts: a click on them hands
+    // the caret to the first part. Tab passes them by, or it would go round
+    // the four parts for ever.
+    ui.Text5->setFocusPolicy(Qt::ClickFocus);
+    ui.Text5->installEventFilter(this);
     connect(ui.Command1, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+bool AdvancedForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui.Text5 && event->type() == QEvent::FocusIn)
+        ui.Text1->setFocus(Qt::OtherFocusReason);
+    return QDialog::eventFilter(watched, event);
 }
 
 bool AdvancedForm::dedicated() const { return ui.Check16->isChecked(); }

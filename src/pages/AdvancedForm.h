@@ -21,6 +21,9 @@ public:
     // The game runs as a dedicated server, which moves the command's cut.
     bool dedicated() const;
     void readAnswersInto(torvik::ComposerInput& in) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 } // namespace pages

@@ -562,7 +562,8 @@ QString Interpreter::validateCheck(const Line& line) const
         property == QLatin1String("picture"))
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
-        property == QLatin1String("exists") || property == QLatin1String("on-top")) {
+        property == QLatin1String("exists") || property == QLatin1String("on-top") ||
+        property == QLatin1String("focused")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1131,9 +1132,15 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
-    } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top")) {
+    } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
+               property == QLatin1String("focused")) {
         bool on = false;
-        problem = property == QLatin1String("enabled") ? ui::readEnabled(object, &on) : ui::readOnTop(object, &on);
+        if (property == QLatin1String("enabled"))
+            problem = ui::readEnabled(object, &on);
+        else if (property == QLatin1String("on-top"))
+            problem = ui::readOnTop(object, &on);
+        else
+            problem = ui::readFocused(object, &on);
         if (problem.isEmpty())
             compare(yesNo(*ui::parseBool(line.word(3))), yesNo(on));
     } else if (property == QLatin1String("caption") || property == QLatin1String("text") ||
