@@ -126,17 +126,17 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("PageNumber", &torvik::PageNumber);
         number("AboutOpen", &torvik::AboutOpen);
         text("LastBotCount", &torvik::LastBotCount);
-        // Values that live in a page now, read off the main form; before it
-        // is there they have their start values.
-        auto pageNumber = [&t](const char* name, int start, std::function<int(torvik::MainForm&)> read) {
+        // Values that belong to a page, read off the main form's pages;
+        // before the form is there they have their start values.
+        auto pageValue = [&t](const char* name, int start, std::function<int(torvik::MainForm&)> read) {
             t[QLatin1String(name)] = [start, read] {
                 torvik::MainForm* form = torvik::MainFormInstance();
                 return QString::number(form ? read(*form) : start);
             };
         };
-        pageNumber("KeepMapLabel", 0, [](torvik::MainForm& f) { return f.ui.StartMap->KeepMapLabel; });
-        pageNumber("DirPrimed", 0, [](torvik::MainForm& f) { return f.ui.Preferences->DirPrimed; });
-        pageNumber("ExePicked", 0, [](torvik::MainForm& f) { return f.ui.Preferences->ExePicked; });
+        pageValue("KeepMapLabel", 0, [](torvik::MainForm& f) { return f.ui.StartMap->KeepMapLabel; });
+        pageValue("DirPrimed", 0, [](torvik::MainForm& f) { return f.ui.Preferences->DirPrimed; });
+        pageValue("ExePicked", 0, [](torvik::MainForm& f) { return f.ui.Preferences->ExePicked; });
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
         auto number16 = [&t](const char* name, const qint16* v) {
