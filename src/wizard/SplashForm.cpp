@@ -10,10 +10,10 @@
 #include "wizard/Program.h"
 
 #include <QCloseEvent>
-#include <QMouseEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <new>
 
 #include <dirent.h>
