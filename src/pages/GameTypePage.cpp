@@ -37,4 +37,6 @@ QString GameTypePage::multiplayerChoice() const
     return QString();
 }
 
+void GameTypePage::disableTeamGame() { ui.Option2->setEnabled(false); }
+
 } // namespace pages

@@ -17,6 +17,8 @@ public:
     // "DM", "DMT" or "CTF" for the multiplayer radio that is on; empty while
     // single player is.
     QString multiplayerChoice() const;
+    // A bots file without teams leaves no team game to choose.
+    void disableTeamGame();
 
 signals:
     // A game type was chosen: by a click, also on the type already chosen,

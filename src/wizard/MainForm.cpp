@@ -288,7 +288,7 @@ void MainForm::wirePages()
     connect(ui.SpawnBots, &pages::SpawnBotsPage::loadBegun, Progress, &ProgressForm::begin);
     connect(ui.SpawnBots, &pages::SpawnBotsPage::loadProgressed, Progress, &ProgressForm::report);
     connect(ui.SpawnBots, &pages::SpawnBotsPage::loadEnded, Progress, &QWidget::hide);
-    connect(ui.Teams, &pages::TeamsPage::noTeamsFound, this, [this] { ui.GameType->ui.Option2->setEnabled(false); });
+    connect(ui.Teams, &pages::TeamsPage::noTeamsFound, ui.GameType, &pages::GameTypePage::disableTeamGame);
 
     connect(ui.DMFlags, &pages::DMFlagsPage::flagsChanged, this, &MainForm::updateDMFlags);
     connect(ui.CTFflags, &pages::CTFflagsPage::flagsChanged, this, &MainForm::updateDMFlags);
