@@ -4,7 +4,7 @@
 #include "bots/BotsFile.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "wizard/Globals.h"
+#include "platform/ProgramContext.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -17,7 +17,7 @@ const QString kBotsFileName = QStringLiteral("bots.cfg");
 // The file as spelled on disk when it is a file there; empty otherwise.
 QString existingBotsFile()
 {
-    const QString real = platform::resolvePath(platform::joinPath(modFolder(), kBotsFileName));
+    const QString real = platform::resolvePath(platform::joinPath(platform::programContext.modFolder(), kBotsFileName));
     return !real.isEmpty() && QFileInfo(real).isFile() ? real : QString();
 }
 
@@ -81,14 +81,14 @@ bool rewriteBotsFile(const QString& path, const std::optional<QByteArray>& text,
 
 QString botsFilePath()
 {
-    const QString plain = platform::joinPath(modFolder(), kBotsFileName);
+    const QString plain = platform::joinPath(platform::programContext.modFolder(), kBotsFileName);
     const QString real = platform::resolvePath(plain);
     return real.isEmpty() ? plain : real;
 }
 
 QString playersFolderPath()
 {
-    const QString plain = platform::joinPath(platform::joinPath(gameFolder(), QStringLiteral("baseq2")),
+    const QString plain = platform::joinPath(platform::joinPath(platform::programContext.gameFolder(), QStringLiteral("baseq2")),
                                              QStringLiteral("players"));
     const QString real = platform::resolvePath(plain);
     return real.isEmpty() ? plain : real;

@@ -61,16 +61,21 @@ inline int BotLineErrorFlag = 0;
 // included. Zero is what the team page takes for "no teams".
 inline int TeamsSectionLines = 0;
 
+// 1 once reading bots.cfg failed and the user has been told: every load
+// looks at it first and does nothing, so one damaged file makes one message.
+inline int BotFileErrorFlag = 0;
+// 1 while a GetNewBots run is to report its progress (start-up and Refresh).
+inline int ShowBotProgress = 0;
+
 // Progress of a bots load: value of maximum, value starting at 0.
 using ProgressFn = std::function<void(int value, int maximum)>;
 
-// Hook of the Progress form: a GetNewBots run while ShowBotProgress is 1
-// reports to it. The form shows itself on the first report; the caller hides
-// it after the load, when it sets ShowBotProgress back to 0.
+// Where a GetNewBots run reports while ShowBotProgress is 1: the bot page
+// sets it around its load and passes the reports on to the Progress form.
 inline ProgressFn BotProgressHook;
 
 // The offer to put the internal bots.cfg in place. The main form points it
-// at its RestoreBotsCfg, the one place where the Backup Manager's rescue is
+// at its restoreBotsCfg, the one place where the Backup Manager's rescue is
 // to start; the loaders call it at the end of their failure path.
 inline std::function<void()> RestoreBotsCfgHook;
 

@@ -2,6 +2,11 @@
 #include "ui_CustomForm.h"
 
 #include <QDialog>
+#include <QList>
+
+namespace torvik {
+struct CustomOption;
+}
 
 namespace custom {
 
@@ -12,6 +17,10 @@ class CustomForm : public QDialog {
 public:
     explicit CustomForm(QWidget* parent = nullptr) : QDialog(parent) { ui.setupUi(this); }
     Ui::CustomForm ui;
+
+    // Node by node in the order of both trees: whether the node is on, and
+    // the text of its shadow.
+    QList<torvik::CustomOption> commandOptions() const;
 };
 
 } // namespace custom

@@ -2,9 +2,7 @@
 
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
-#include "wizard/Globals.h"
-#include "wizard/Module1.h"
-#include "wizard/Program.h"
+#include "platform/ProgramContext.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +12,8 @@ namespace {
 
 const QString kCycleExtension = QStringLiteral(".mc");
 const QString kCurrentCycleFile = QStringLiteral("maps.txt");
+
+QString SavedFolder() { return platform::programContext.inProgramFolder(QStringLiteral("Saved")); }
 
 // The path as spelled on disk when something answers to it, else as given.
 QString onDisk(const QString& path)
@@ -74,7 +74,7 @@ bool writeMapCycle(const QString& path, const QStringList& maps)
     return platform::writeFile(path, mapCycleText(maps));
 }
 
-QString currentCyclePath() { return onDisk(platform::joinPath(modFolder(), kCurrentCycleFile)); }
+QString currentCyclePath() { return onDisk(platform::joinPath(platform::programContext.modFolder(), kCurrentCycleFile)); }
 
 QString savedCyclePath(const QString& title)
 {
@@ -87,8 +87,9 @@ QString cycleSavePath(const QString& title)
         return currentCyclePath();
     if (leavesFolder(title))
         return QString();
-    if (ProgramFolder.endsWith(QLatin1Char('/')))
-        return onDisk(ProgramFolder + QStringLiteral("Saved") + title + kCycleExtension);
+    const QString& program = platform::programContext.programFolder;
+    if (program.endsWith(QLatin1Char('/')))
+        return onDisk(program + QStringLiteral("Saved") + title + kCycleExtension);
     return savedCyclePath(title);
 }
 
@@ -197,7 +198,7 @@ bool FixMapCycle(const QString& combo2Text, const QString& combo2FirstRow)
     if (replaceCurrentCycle(combo2Text))
         return true;
     platform::msgBox(kFixMapCycleFailedText);
-    ExitProgram(true);
+    platform::exitProgram();
     return false;
 }
 

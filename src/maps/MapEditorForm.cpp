@@ -6,9 +6,8 @@
 #include "maps/MapTree.h"
 #include "maps/MapTreeView.h"
 #include "platform/Dialogs.h"
+#include "platform/ProgramContext.h"
 #include "platform/Random.h"
-#include "wizard/Globals.h"
-#include "wizard/Program.h"
 
 namespace torvik {
 namespace {
@@ -21,40 +20,40 @@ const QString kCaptionStart = QStringLiteral("Torvik - Map Cycle Editor {");
 MapEditorForm::MapEditorForm(QWidget* parent) : QDialog(parent)
 {
     ui.setupUi(this);
-    connect(ui.Command1, &QPushButton::clicked, this, &MapEditorForm::Command1_Click);
-    connect(ui.Command2, &QPushButton::clicked, this, &MapEditorForm::Command2_Click);
-    connect(ui.Command3, &QPushButton::clicked, this, &MapEditorForm::Command3_Click);
-    connect(ui.Command4, &QPushButton::clicked, this, &MapEditorForm::Command4_Click);
-    connect(ui.Command5, &QPushButton::clicked, this, &MapEditorForm::Command5_Click);
-    connect(ui.Command6, &QPushButton::clicked, this, &MapEditorForm::Command6_Click);
-    connect(ui.Command7, &QPushButton::clicked, this, &MapEditorForm::Command7_Click);
-    connect(ui.Command8, &QPushButton::clicked, this, &MapEditorForm::Command8_Click);
-    connect(ui.Command11, &QPushButton::clicked, this, &MapEditorForm::Command11_Click);
-    connect(ui.Command12, &QPushButton::clicked, this, &MapEditorForm::Command12_Click);
-    connect(ui.Command13, &QPushButton::clicked, this, &MapEditorForm::Command13_Click);
-    connect(ui.Command14, &QPushButton::clicked, this, &MapEditorForm::Command14_Click);
-    connectMapTree(ui.TreeView1, &SelectedNodeText, [this](const QString& map) { AddToCycle(map); });
-    connect(ui.List4, &QListWidget::itemDoubleClicked, this, &MapEditorForm::Command11_Click);
+    connect(ui.Command1, &QPushButton::clicked, this, &MapEditorForm::exitOrCancel);
+    connect(ui.Command2, &QPushButton::clicked, this, &MapEditorForm::loadCycle);
+    connect(ui.Command3, &QPushButton::clicked, this, &MapEditorForm::newCycle);
+    connect(ui.Command4, &QPushButton::clicked, this, &MapEditorForm::saveCycle);
+    connect(ui.Command5, &QPushButton::clicked, this, &MapEditorForm::addSelectedMap);
+    connect(ui.Command6, &QPushButton::clicked, this, &MapEditorForm::addCategoryMaps);
+    connect(ui.Command7, &QPushButton::clicked, this, &MapEditorForm::addAllMaps);
+    connect(ui.Command8, &QPushButton::clicked, this, &MapEditorForm::addRandomMap);
+    connect(ui.Command11, &QPushButton::clicked, this, &MapEditorForm::removeCycleRow);
+    connect(ui.Command12, &QPushButton::clicked, this, &MapEditorForm::clearCycle);
+    connect(ui.Command13, &QPushButton::clicked, this, &MapEditorForm::moveRowDown);
+    connect(ui.Command14, &QPushButton::clicked, this, &MapEditorForm::moveRowUp);
+    connectMapTree(ui.TreeView1, &SelectedNodeText, [this](const QString& map) { addToCycle(map); });
+    connect(ui.List4, &QListWidget::itemDoubleClicked, this, &MapEditorForm::removeCycleRow);
     onRightPress(ui.List4->viewport(), [this] {
-        const int row = SelectedCycleRow();
+        const int row = selectedCycleRow();
         if (row < 0)
             return;
         InfoMapName = ui.List4->item(row)->text();
         ShowMapInfoForm(this);
     });
-    EnterIdle();
-    GetMaps();
+    enterIdle();
+    readMaps();
 }
 
 // The editor's own scan: it drops the maps that stand twice, where the
 // starting map page shows every copy.
-bool MapEditorForm::GetMaps()
+bool MapEditorForm::readMaps()
 {
     mapeditor::EditorMaps maps;
-    const MapScanResult scan = mapeditor::GetMaps(gameFolder(), modFolder(), maps);
+    const MapScanResult scan = mapeditor::GetMaps(platform::programContext.gameFolder(), platform::programContext.modFolder(), maps);
     if (!scan.ok()) {
         platform::msgBox(mapeditor::failureText(scan));
-        ExitProgram(true);
+        platform::exitProgram();
         return false;
     }
     ui.List1->addItems(maps.List1);
@@ -64,7 +63,7 @@ bool MapEditorForm::GetMaps()
     return true;
 }
 
-void MapEditorForm::SetEditing(bool editing)
+void MapEditorForm::setEditing(bool editing)
 {
     for (QPushButton* b : {ui.Command4, ui.Command5, ui.Command6, ui.Command7, ui.Command8, ui.Command11,
                            ui.Command12, ui.Command13, ui.Command14})
@@ -82,33 +81,33 @@ void MapEditorForm::SetEditing(bool editing)
     }
 }
 
-void MapEditorForm::EnterIdle()
+void MapEditorForm::enterIdle()
 {
     CycleEditing = 0;
-    SetEditing(false);
+    setEditing(false);
     ui.Command1->setText(QStringLiteral("Exit"));
     setWindowTitle(kIdleCaption);
 }
 
-void MapEditorForm::EnterEditing(const QString& caption)
+void MapEditorForm::enterEditing(const QString& caption)
 {
     CycleEditing = 1;
-    SetEditing(true);
+    setEditing(true);
     ui.Command1->setText(QStringLiteral("Cancel"));
     setWindowTitle(caption);
 }
 
-void MapEditorForm::AddToCycle(const QString& map) { ui.List4->addItem(map); }
+void MapEditorForm::addToCycle(const QString& map) { ui.List4->addItem(map); }
 
-void MapEditorForm::AddToCycle(const QStringList& maps) { ui.List4->addItems(maps); }
+void MapEditorForm::addToCycle(const QStringList& maps) { ui.List4->addItems(maps); }
 
-int MapEditorForm::SelectedCycleRow() const
+int MapEditorForm::selectedCycleRow() const
 {
     QListWidgetItem* item = ui.List4->currentItem();
     return item && item->isSelected() ? ui.List4->row(item) : -1;
 }
 
-void MapEditorForm::SelectCycleRow(int row)
+void MapEditorForm::selectCycleRow(int row)
 {
     ui.List4->setCurrentRow(row);
     if (QListWidgetItem* item = ui.List4->item(row))
@@ -116,57 +115,58 @@ void MapEditorForm::SelectCycleRow(int row)
 }
 
 // Exit, or Cancel while a cycle is open: what was edited goes without a question.
-void MapEditorForm::Command1_Click()
+void MapEditorForm::exitOrCancel()
 {
     if (CycleEditing == 1) {
-        EnterIdle();
+        enterIdle();
         ui.List4->clear();
         return;
     }
-    KeepMapLabel = 1;
+    // Accepted only here: the caller keeps the chosen map after an Exit, and
+    // works it out anew after the close box.
     accept();
 }
 
-void MapEditorForm::Command2_Click()
+void MapEditorForm::loadCycle()
 {
     MapLoadForm load(this);
     if (load.exec() != QDialog::Accepted)
         return;
     CycleTitle = load.loadedTitle;
     ui.List4->addItems(load.loadedMaps);
-    EnterEditing(kCaptionStart + CycleTitle + QStringLiteral("} Right click on map for Map Info"));
+    enterEditing(kCaptionStart + CycleTitle + QStringLiteral("} Right click on map for Map Info"));
 }
 
-void MapEditorForm::Command3_Click()
+void MapEditorForm::newCycle()
 {
     const QString title = askCycleTitle();
     if (title.isEmpty())
         return;
     CycleTitle = title;
     // The title closes with ")" here against the "{" before it, as it always has.
-    EnterEditing(kCaptionStart + title + QStringLiteral(") Right click on map for Map Info"));
+    enterEditing(kCaptionStart + title + QStringLiteral(") Right click on map for Map Info"));
 }
 
-void MapEditorForm::Command4_Click()
+void MapEditorForm::saveCycle()
 {
     QStringList maps;
     for (int i = 0; i < ui.List4->count(); ++i)
         maps << ui.List4->item(i)->text();
     if (!SaveMapCycle(CycleTitle, maps))
         return;
-    EnterIdle();
+    enterIdle();
     ui.List4->clear();
 }
 
-void MapEditorForm::Command5_Click()
+void MapEditorForm::addSelectedMap()
 {
     if (!SelectedNodeText.isEmpty() && !isCategoryName(SelectedNodeText))
-        AddToCycle(SelectedNodeText);
+        addToCycle(SelectedNodeText);
 }
 
 // The category is found by its place in a full tree. With a category gone
 // from the tree that place holds another one, whose maps are added instead.
-void MapEditorForm::Command6_Click()
+void MapEditorForm::addCategoryMaps()
 {
     const int position = categoryPosition(SelectedNodeText);
     if (position == 0) {
@@ -179,28 +179,28 @@ void MapEditorForm::Command6_Click()
         platform::msgBox(QStringLiteral("There are no maps to add below this catergory."));
         return;
     }
-    AddToCycle(maps);
+    addToCycle(maps);
 }
 
-void MapEditorForm::Command7_Click()
+void MapEditorForm::addAllMaps()
 {
     for (const QString& text : mapTreeOf(ui.TreeView1).nodeTexts()) {
         if (!text.isEmpty() && !isCategoryName(text))
-            AddToCycle(text);
+            addToCycle(text);
     }
 }
 
-void MapEditorForm::Command8_Click()
+void MapEditorForm::addRandomMap()
 {
     const MapTree tree = mapTreeOf(ui.TreeView1);
     const int node = pickRandomNode(tree, platform::randomFraction);
     if (node > 0)
-        AddToCycle(tree.nodeText(node));
+        addToCycle(tree.nodeText(node));
 }
 
-void MapEditorForm::Command11_Click()
+void MapEditorForm::removeCycleRow()
 {
-    const int row = SelectedCycleRow();
+    const int row = selectedCycleRow();
     if (row < 0)
         return;
     delete ui.List4->takeItem(row);
@@ -209,11 +209,11 @@ void MapEditorForm::Command11_Click()
     ui.List4->setCurrentItem(nullptr);
 }
 
-void MapEditorForm::Command12_Click() { ui.List4->clear(); }
+void MapEditorForm::clearCycle() { ui.List4->clear(); }
 
-void MapEditorForm::Command13_Click()
+void MapEditorForm::moveRowDown()
 {
-    const int row = SelectedCycleRow();
+    const int row = selectedCycleRow();
     if (row < 0 || row == ui.List4->count() - 1)
         return;
     QListWidgetItem* here = ui.List4->item(row);
@@ -221,12 +221,12 @@ void MapEditorForm::Command13_Click()
     const QString text = here->text();
     here->setText(next->text());
     next->setText(text);
-    SelectCycleRow(row + 1);
+    selectCycleRow(row + 1);
 }
 
-void MapEditorForm::Command14_Click()
+void MapEditorForm::moveRowUp()
 {
-    const int row = SelectedCycleRow();
+    const int row = selectedCycleRow();
     if (ui.List4->count() == 0 || row <= 0)
         return;
     QListWidgetItem* here = ui.List4->item(row);
@@ -234,7 +234,7 @@ void MapEditorForm::Command14_Click()
     const QString text = here->text();
     here->setText(before->text());
     before->setText(text);
-    SelectCycleRow(row - 1);
+    selectCycleRow(row - 1);
 }
 
 } // namespace torvik

@@ -12,7 +12,7 @@ class MapEditorForm : public QDialog {
     Q_OBJECT
 public:
     // Reads the maps at once. When that fails the user is told and the
-    // program ends (programEnded() is true after the constructor).
+    // program ends (platform::programEnded() is true after the constructor).
     explicit MapEditorForm(QWidget* parent = nullptr);
 
     Ui::MapEditorForm ui;
@@ -20,28 +20,27 @@ public:
     int CycleEditing = 0;
     QString SelectedNodeText;
 
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void Command6_Click();
-    void Command7_Click();
-    void Command8_Click();
-    void Command11_Click();
-    void Command12_Click();
-    void Command13_Click();
-    void Command14_Click();
-
 private:
-    bool GetMaps();
-    void EnterIdle();
-    void EnterEditing(const QString& caption);
-    void SetEditing(bool editing);
-    void AddToCycle(const QString& map);
-    void AddToCycle(const QStringList& maps);
-    int SelectedCycleRow() const;
-    void SelectCycleRow(int row);
+    void exitOrCancel();
+    void loadCycle();
+    void newCycle();
+    void saveCycle();
+    void addSelectedMap();
+    void addCategoryMaps();
+    void addAllMaps();
+    void addRandomMap();
+    void removeCycleRow();
+    void clearCycle();
+    void moveRowDown();
+    void moveRowUp();
+    bool readMaps();
+    void enterIdle();
+    void enterEditing(const QString& caption);
+    void setEditing(bool editing);
+    void addToCycle(const QString& map);
+    void addToCycle(const QStringList& maps);
+    int selectedCycleRow() const;
+    void selectCycleRow(int row);
 };
 
 } // namespace torvik

@@ -8,7 +8,7 @@ namespace torvik {
 MapLoadForm::MapLoadForm(QWidget* parent) : QDialog(parent)
 {
     ui.setupUi(this);
-    FillList();
+    listCycles();
     // A row chosen by the mouse or the keys is the one to open or delete.
     auto choose = [this](QListWidgetItem* item) {
         if (item)
@@ -19,18 +19,18 @@ MapLoadForm::MapLoadForm(QWidget* parent) : QDialog(parent)
         const QList<QListWidgetItem*> rows = ui.List1->selectedItems();
         choose(rows.isEmpty() ? nullptr : rows.first());
     });
-    connect(ui.Command1, &QPushButton::clicked, this, &MapLoadForm::Command1_Click);
+    connect(ui.Command1, &QPushButton::clicked, this, &MapLoadForm::openChosenCycle);
     connect(ui.Command2, &QPushButton::clicked, this, &QDialog::reject);
-    connect(ui.Command3, &QPushButton::clicked, this, &MapLoadForm::Command3_Click);
+    connect(ui.Command3, &QPushButton::clicked, this, &MapLoadForm::deleteChosenCycle);
 }
 
-void MapLoadForm::FillList()
+void MapLoadForm::listCycles()
 {
     ui.List1->clear();
     ui.List1->addItems(LoadMapCycles());
 }
 
-void MapLoadForm::Command1_Click()
+void MapLoadForm::openChosenCycle()
 {
     const QString chosen = ui.Label2->text();
     if (chosen.isEmpty()) {
@@ -58,7 +58,7 @@ void MapLoadForm::Command1_Click()
     accept();
 }
 
-void MapLoadForm::Command3_Click()
+void MapLoadForm::deleteChosenCycle()
 {
     QListWidgetItem* item = ui.List1->currentItem();
     const int row = item && item->isSelected() ? ui.List1->row(item) : -1;
@@ -68,7 +68,7 @@ void MapLoadForm::Command3_Click()
     if (!deleteSavedCycle(ui.Label2->text()))
         return;
     delete ui.List1->takeItem(row);
-    FillList();
+    listCycles();
     ui.Label2->setText(QString());
 }
 

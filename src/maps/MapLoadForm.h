@@ -20,11 +20,10 @@ public:
     QString loadedTitle;
     QStringList loadedMaps;
 
-    void Command1_Click();
-    void Command3_Click();
-
 private:
-    void FillList();
+    void openChosenCycle();
+    void deleteChosenCycle();
+    void listCycles();
 };
 
 } // namespace torvik

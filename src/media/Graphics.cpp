@@ -2,7 +2,6 @@
 
 #include "media/tkgraphics/TKGraphicsApi.h"
 #include "platform/Files.h"
-#include "wizard/Globals.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -131,10 +130,26 @@ GraphicsComponent::LoadResult GraphicsComponent::load(const QString& programFold
     return LoadResult::Ok;
 }
 
+bool GraphicsComponent::repair(const QString& programFolder)
+{
+    const QString spare = platform::resolvePath(platform::joinPath(programFolder, QStringLiteral("repair/TKGraphics.dll")));
+    if (spare.isEmpty())
+        return false;
+    const QString wanted = platform::joinPath(programFolder, QString::fromLatin1(kComponentFileName));
+    const QString existing = platform::resolvePath(wanted);
+    const QString target = existing.isEmpty() ? wanted : existing;
+    const QString fresh = target + QStringLiteral(".new");
+    QFile::remove(fresh);
+    if (!QFile::copy(spare, fresh))
+        return false;
+    QFile::remove(target);
+    return QFile::rename(fresh, target);
+}
+
 GraphicsComponent::~GraphicsComponent()
 {
-    if (torvik::GraphicsObject == this)
-        torvik::GraphicsObject = nullptr;
+    if (GraphicsObject == this)
+        GraphicsObject = nullptr;
     // The library stays mapped. All QLibrary objects of one file share one
     // handle, and Qt's unload closes it even while another component of the
     // same file still calls into it; a small library kept to the end of the
@@ -162,9 +177,9 @@ QStringList GraphicsComponent::keys() const
 
 bool ShowGraphic(const QString& key, QLabel* imageControl)
 {
-    if (!imageControl || !torvik::GraphicsObject)
+    if (!imageControl || !GraphicsObject)
         return false;
-    const QImage image = torvik::GraphicsObject->picture(key);
+    const QImage image = GraphicsObject->picture(key);
     if (image.isNull())
         return false;
     imageControl->setPixmap(QPixmap::fromImage(image));

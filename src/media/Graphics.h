@@ -25,7 +25,12 @@ public:
     // The component file of a folder as spelled on disk, or empty.
     static QString locate(const QString& programFolder);
 
-    // Clears torvik::GraphicsObject if it points here.
+    // Puts the installed copy ("repair/TKGraphics.dll") back in the program
+    // folder, under the spelling the component has there. Like registering a
+    // component anew, it takes effect at the next start.
+    static bool repair(const QString& programFolder);
+
+    // Clears GraphicsObject if it points here.
     ~GraphicsComponent();
 
     // The picture of a key ("showwelcome", "gorvanlogo", ...), rendered at
@@ -39,6 +44,10 @@ private:
     struct Impl;
     std::unique_ptr<Impl> d;
 };
+
+// The component of the run, loaded by the start form; page pictures come
+// from it.
+inline GraphicsComponent* GraphicsObject = nullptr;
 
 // The dynamic property of an image control naming the key it shows.
 inline constexpr char kPictureKeyProperty[] = "pictureKey";

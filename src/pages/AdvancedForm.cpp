@@ -1,12 +1,21 @@
 #include "pages/AdvancedForm.h"
 
+#include "command/Composer.h"
 #include "pages/NumericBoxes.h"
+
+#include <QEvent>
 
 namespace pages {
 
 AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
 {
     ui.setupUi(this);
+    ui.Combo8->addItems({QStringLiteral("Don't Use"), QStringLiteral("28.8 Modem"), QStringLiteral("33.6 Modem"),
+                         QStringLiteral("Single ISDN"), QStringLiteral("56K Modem"), QStringLiteral("Duel ISDN"),
+                         QStringLiteral("Cable Modem"), QStringLiteral("T1 Connection"),
+                         QStringLiteral("Local-Area-Network")});
+    ui.Combo8->setCurrentIndex(-1);
+
     connect(ui.Check1, &QCheckBox::toggled, this, [this](bool on) {
         for (QCheckBox* box : {ui.Check2, ui.Check3, ui.Check4, ui.Check5})
             box->setEnabled(on);
@@ -17,9 +26,38 @@ AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
     });
     for (QLineEdit* box : {ui.Text1, ui.Text2, ui.Text3, ui.Text4})
         AttachNumericBox(box, FixedRule(0, 255, "0"));
-    // The dots only stand behind the address parts; typing goes to the first part.
-    ui.Text5->setFocusPolicy(Qt::NoFocus);
+    // The dots only stand behind the address parts: a click on them hands
+    // the caret to the first part. Tab passes them by, or it would go round
+    // the four parts for ever.
+    ui.Text5->setFocusPolicy(Qt::ClickFocus);
+    ui.Text5->installEventFilter(this);
     connect(ui.Command1, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+bool AdvancedForm::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == ui.Text5 && event->type() == QEvent::FocusIn)
+        ui.Text1->setFocus(Qt::OtherFocusReason);
+    return QDialog::eventFilter(watched, event);
+}
+
+bool AdvancedForm::dedicated() const { return ui.Check16->isChecked(); }
+
+void AdvancedForm::readAnswersInto(torvik::ComposerInput& in) const
+{
+    in.dedicated = ui.Check16->isChecked();
+    in.rateText = ui.Combo8->currentText();
+    in.rateIndex = ui.Combo8->currentIndex();
+    in.downloads = ui.Check1->isChecked();
+    in.downloadMaps = ui.Check2->isChecked();
+    in.downloadModels = ui.Check3->isChecked();
+    in.downloadSounds = ui.Check4->isChecked();
+    in.downloadPlayers = ui.Check5->isChecked();
+    in.connect = ui.Check6->isChecked();
+    in.address[0] = ui.Text1->text();
+    in.address[1] = ui.Text2->text();
+    in.address[2] = ui.Text3->text();
+    in.address[3] = ui.Text4->text();
 }
 
 } // namespace pages

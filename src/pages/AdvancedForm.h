@@ -3,6 +3,10 @@
 
 #include <QDialog>
 
+namespace torvik {
+struct ComposerInput;
+}
+
 namespace pages {
 
 // Multiplayer options: dedicated server, a server to connect to, the
@@ -13,6 +17,13 @@ class AdvancedForm : public QDialog {
 public:
     explicit AdvancedForm(QWidget* parent = nullptr);
     Ui::AdvancedForm ui;
+
+    // The game runs as a dedicated server, which moves the command's cut.
+    bool dedicated() const;
+    void readAnswersInto(torvik::ComposerInput& in) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
 } // namespace pages

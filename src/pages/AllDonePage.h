@@ -3,14 +3,46 @@
 
 #include <QWidget>
 
+namespace platform {
+class Timer;
+}
+
 namespace pages {
 
+class StartMapPage;
+
+// The last page: the configuration file made of the command, the offer to
+// save the answers, and Start.
 class AllDonePage : public QWidget {
     Q_OBJECT
 public:
-    explicit AllDonePage(QWidget* parent = nullptr) : QWidget(parent) { ui.setupUi(this); }
+    explicit AllDonePage(QWidget* parent = nullptr);
 
     Ui::AllDonePage ui;
+    // Enables Start a moment after the configuration was written.
+    platform::Timer* Timer6;
+    // The head of the command, cut out of it on entering the page.
+    QString LaunchHead;
+
+    // Where Start finds the map and the map cycle chosen.
+    void setStartMap(const StartMapPage* startMap);
+
+    // Entering the page: the configuration of an earlier pass and a
+    // "launcher.cfg" must go. False after telling the user and ending the
+    // program, when one of them can't.
+    bool removeOldConfiguration();
+    // The head of the command stays for Start, the rest becomes "asdf.cfg"
+    // in the program folder and in the game's "baseq2"; Start is enabled
+    // 1500 ms later.
+    void prepareLaunch(const QString& command, bool dedicated);
+    // Going back: Start waits for the next preparation.
+    void holdStart();
+
+private:
+    void showSaveChoice(bool save);
+    void startGame();
+
+    const StartMapPage* startMap_ = nullptr;
 };
 
 } // namespace pages

@@ -1,7 +1,9 @@
 #include "pages/BotViews.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QTreeWidget>
@@ -27,6 +29,31 @@ QIcon checkIcon()
     }();
     return icon;
 }
+
+class ViewMouse : public QObject {
+public:
+    ViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress)
+        : QObject(view), doubleClick_(std::move(doubleClick)), rightPress_(std::move(rightPress))
+    {
+        view->viewport()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonDblClick
+            && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && doubleClick_)
+            doubleClick_();
+        else if (event->type() == QEvent::MouseButtonPress
+                 && static_cast<QMouseEvent*>(event)->button() == Qt::RightButton && rightPress_)
+            rightPress_();
+        return false;
+    }
+
+private:
+    std::function<void()> doubleClick_;
+    std::function<void()> rightPress_;
+};
 
 // Form units are twips: fifteen to a pixel.
 int pixels(int formUnits) { return formUnits / 15; }
@@ -111,6 +138,18 @@ void markSelectedRows(QTreeWidget* view, const QListWidget* names)
     const int rows = qMin(names->count(), view->topLevelItemCount());
     for (int i = 0; i < rows; ++i)
         setIconKey(view->topLevelItem(i), names->item(i)->isSelected() ? kCheckKey : QString());
+}
+
+void toggleMarkedRow(QTreeWidgetItem* item, QListWidgetItem* row)
+{
+    const bool marked = iconKey(item) == kCheckKey;
+    setIconKey(item, marked ? QString() : kCheckKey);
+    row->setSelected(!marked);
+}
+
+void onViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress)
+{
+    new ViewMouse(view, std::move(doubleClick), std::move(rightPress));
 }
 
 } // namespace pages

@@ -5,11 +5,14 @@
 
 #include <QString>
 
+#include <functional>
 #include <initializer_list>
 #include <utility>
 #include <vector>
 
+class QAbstractItemView;
 class QListWidget;
+class QListWidgetItem;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -38,5 +41,14 @@ void fillTeamViews(QTreeWidget* view, QListWidget* names, const std::vector<torv
 
 // Ticks row i of the view exactly when row i of the name list is selected.
 void markSelectedRows(QTreeWidget* view, const QListWidget* names);
+
+// A double click takes a row in or out of the selection: the report view
+// shows it by its tick, the name list by its highlight.
+void toggleMarkedRow(QTreeWidgetItem* item, QListWidgetItem* row);
+
+// Left double clicks anywhere in a report view, on a row or not, and right
+// presses: the pages act on the row last clicked, not on the one under the
+// pointer. Either handler may be empty.
+void onViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress = {});
 
 } // namespace pages

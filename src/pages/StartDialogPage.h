@@ -5,12 +5,16 @@
 
 namespace pages {
 
+// The welcome page and its links.
 class StartDialogPage : public QWidget {
     Q_OBJECT
 public:
-    explicit StartDialogPage(QWidget* parent = nullptr) : QWidget(parent) { ui.setupUi(this); }
+    explicit StartDialogPage(QWidget* parent = nullptr);
 
     Ui::StartDialogPage ui;
+
+private:
+    void startUpdateWizard();
 };
 
 } // namespace pages

@@ -3,14 +3,41 @@
 
 #include <QWidget>
 
+namespace torvik {
+struct ComposerInput;
+}
+
 namespace pages {
 
+// The team game: the user's own team, the teams to fight in two views of one
+// selection, and the largest team size. The own team can never be chosen as
+// an opponent.
 class TeamsPage : public QWidget {
     Q_OBJECT
 public:
-    explicit TeamsPage(QWidget* parent = nullptr) : QWidget(parent) { ui.setupUi(this); }
+    explicit TeamsPage(QWidget* parent = nullptr);
 
     Ui::TeamsPage ui;
+    // 1-based row last clicked in the report view; 0 before any click.
+    int ListCurrentTeam = 0;
+
+    // Reads the teams of bots.cfg into the views and the own-team box.
+    void loadTeams();
+
+    void readAnswersInto(torvik::ComposerInput& in) const;
+
+signals:
+    // bots.cfg has nothing behind "[teams]": there is no team game to play.
+    void noTeamsFound();
+
+private:
+    void showTeamView(bool extended);
+    void markChosenTeams();
+    void toggleTeamMark();
+    void takeClickedTeam();
+    void markDoubleClickedTeam();
+    void dropOwnTeam();
+    void refreshTeams();
 };
 
 } // namespace pages

@@ -1,5 +1,6 @@
 #include "platform/Controls.h"
 
+#include <QAbstractButton>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -55,6 +56,11 @@ void FolderChooser::browse()
     const QString chosen = QFileDialog::getExistingDirectory(this, QString(), path_.isEmpty() ? QStringLiteral("/") : path_);
     if (!chosen.isEmpty())
         setPath(chosen);
+}
+
+void enableWhileChecked(QAbstractButton* box, QWidget* follower)
+{
+    QObject::connect(box, &QAbstractButton::toggled, follower, [follower](bool on) { follower->setEnabled(on); });
 }
 
 } // namespace platform

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QWidget>
 
+class QAbstractButton;
 class QLineEdit;
 class QPushButton;
 
@@ -51,5 +52,9 @@ private:
     QLineEdit* box_;
     QPushButton* button_;
 };
+
+// Keeps a control enabled exactly while a check box is ticked, from the next
+// change of the box on.
+void enableWhileChecked(QAbstractButton* box, QWidget* follower);
 
 } // namespace platform

@@ -26,37 +26,3 @@ void KillFiles()
 }
 
 } // namespace torvik
-
-namespace torvik {
-
-QStringList splitHead(const QString& head, const QString& gamePath)
-{
-    QStringList words;
-    QString rest = head;
-    if (!gamePath.isEmpty() && (rest == gamePath || rest.startsWith(gamePath + QLatin1Char(' ')))) {
-        words << gamePath;
-        rest = rest.mid(gamePath.size());
-    }
-    QString word;
-    bool quoted = false;
-    bool inWord = false;
-    for (const QChar c : rest) {
-        if (c == QLatin1Char('"')) {
-            quoted = !quoted;
-            inWord = true;
-        } else if (c == QLatin1Char(' ') && !quoted) {
-            if (inWord)
-                words << word;
-            word.clear();
-            inWord = false;
-        } else {
-            word += c;
-            inWord = true;
-        }
-    }
-    if (inWord)
-        words << word;
-    return words;
-}
-
-} // namespace torvik

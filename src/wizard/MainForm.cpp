@@ -1,18 +1,16 @@
 #include "wizard/MainForm.h"
 
-#include "media/Graphics.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
+#include "bots/BotStore.h"
 #include "custom/CustomForm.h"
+#include "maps/MapEditorForm.h"
+#include "media/Graphics.h"
 #include "pages/AdvancedForm.h"
+#include "platform/Dialogs.h"
 #include "wizard/Globals.h"
-#include "wizard/Launch.h"
-#include "wizard/Locations.h"
 #include "wizard/Program.h"
-#include "wizard/Q2EXEForm.h"
+#include "wizard/ProgressForm.h"
 
 #include <QCloseEvent>
-#include <QFile>
 #include <QMenu>
 #include <QPointer>
 #include <QStyle>
@@ -22,11 +20,8 @@ namespace torvik {
 namespace {
 QPointer<MainForm> instance;
 
-const QString kNotLocatedQuake = QStringLiteral("QUAKE2 IS NOT LOCATED HERE!");
-const QString kNotLocatedGorvan = QStringLiteral("GORVAN IS NOT LOCATED HERE!");
-const QString kQuakeSet = QStringLiteral("QUAKE2 IS SET!");
-const QString kGorvanSet = QStringLiteral("GORVAN IS SET!");
 const QString kQuitTip = QStringLiteral("Quit Torvik");
+const QString kOutOfMemory = QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again.");
 } // namespace
 
 bool ShowMainForm()
@@ -45,74 +40,49 @@ MainForm::MainForm(QWidget* parent) : QWidget(parent)
     instance = this;
     ui.setupUi(this);
     setAttribute(Qt::WA_DeleteOnClose);
-    // Created hidden now, as the command is read from their controls even
-    // when the user never opens them.
     Advanced = new pages::AdvancedForm(this);
     Custom = new custom::CustomForm(this);
+    Progress = new ProgressForm(this);
     GotoMenu = new QMenu(this);
     GotoMenu->setObjectName(QStringLiteral("GotoMenu"));
-    BuildGotoMenu();
-    ConnectControls();
-    Form_Load();
+    buildGotoMenu();
+    connectToolStrip();
+    wirePages();
+    loadForm();
 }
 
 MainForm::~MainForm() = default;
 
-void MainForm::ConnectControls()
+void MainForm::closeEvent(QCloseEvent* event)
 {
-    QStyle* st = style();
-    ui.Main_Previous->setIcon(st->standardIcon(QStyle::SP_ArrowBack));
-    ui.Main_Next->setIcon(st->standardIcon(QStyle::SP_ArrowForward));
-    ui.Command23->setIcon(st->standardIcon(QStyle::SP_FileDialogContentsView));
-    ui.Command16->setIcon(st->standardIcon(QStyle::SP_FileDialogDetailedView));
-    ui.Command19->setIcon(st->standardIcon(QStyle::SP_ComputerIcon));
-    ui.Command20->setIcon(st->standardIcon(QStyle::SP_DirHomeIcon));
-    ui.Command17->setIcon(st->standardIcon(QStyle::SP_MessageBoxInformation));
-    ui.Command18->setIcon(st->standardIcon(QStyle::SP_DriveNetIcon));
-    ui.Command15->setIcon(st->standardIcon(QStyle::SP_DialogSaveButton));
-    ui.Command24->setIcon(st->standardIcon(QStyle::SP_DirOpenIcon));
-    ui.Main_About->setIcon(st->standardIcon(QStyle::SP_MessageBoxQuestion));
-    SetCloseTool(false);
-
-    connect(ui.Main_Next, &QToolButton::clicked, this, &MainForm::Main_Next_Click);
-    connect(ui.Main_Previous, &QToolButton::clicked, this, &MainForm::Main_Previous_Click);
-    connect(ui.Main_Cancel, &QToolButton::clicked, this, &MainForm::Main_Cancel_Click);
-    connect(ui.Main_About, &QToolButton::clicked, this, &MainForm::Main_About_Click);
-    connect(ui.Command23, &QToolButton::clicked, this, &MainForm::Command23_Click);
-    connect(ui.Command16, &QToolButton::clicked, this, &MainForm::Command16_Click);
-    connect(ui.Command1, &QPushButton::clicked, this, &MainForm::Command1_Click);
-    connect(ui.Command2, &QPushButton::clicked, this, &MainForm::Command2_Click);
-    connect(ui.Dir1, &platform::FolderChooser::pathChanged, this, &MainForm::Dir1_Change);
-    connect(ui.Dir2, &platform::FolderChooser::pathChanged, this, &MainForm::Command2_Click);
-
-    SetupAnswerPages();
-    SetupBotPages();
-    SetupMapPage();
+    QWidget::closeEvent(event);
+    ExitProgram(true);
 }
 
 // ---------------------------------------------------------------- load
 
-void MainForm::Form_Load()
+void MainForm::loadForm()
 {
     auto& gt = ui.GameType->ui;
     MapFamilyAtLoad = gt.Option2->isChecked() ? 2 : gt.Option3->isChecked() ? 3 : 1;
-    KeepMapLabel = 0;
+    ui.StartMap->KeepMapLabel = 0;
     GameTypeCode = QStringLiteral("DM");
-    if (!FixStuff())
+    if (!beautifyForm())
         return;
     PageNumber = 1;
-    CheckFileLocs();
+    checkFileLocations();
     if (programEnded())
         return;
     if (LocationsMissing != 1) {
-        AddMaps();
+        ui.StartMap->addMaps();
         if (programEnded())
             return;
-        UpdateDMFlags();
+        updateDMFlags();
     }
 }
 
-bool MainForm::FixStuff()
+// The pictures, and the panels laid at one place with the welcome page on top.
+bool MainForm::beautifyForm()
 {
     try {
         if (!media::ShowGraphic(QStringLiteral("showwelcome"), ui.CurrentPix)
@@ -130,10 +100,9 @@ bool MainForm::FixStuff()
         }
         ui.StartDialog->setVisible(true);
         ui.Main_Previous->setEnabled(false);
-        FillFixedLists();
     } catch (const std::bad_alloc&) {
         platform::beep();
-        platform::msgBox(QStringLiteral("Out-of-Memory. Try closing a few apps, then try running again."));
+        platform::msgBox(kOutOfMemory);
         ExitProgram(true);
         return false;
     } catch (...) {
@@ -145,591 +114,254 @@ bool MainForm::FixStuff()
     return true;
 }
 
-void MainForm::closeEvent(QCloseEvent* event)
+// Without both locations nothing can be read from the game's folders:
+// Preferences comes up first, and the reads follow when it is left.
+void MainForm::checkFileLocations()
 {
-    QWidget::closeEvent(event);
-    ExitProgram(true);
-}
-
-// ---------------------------------------------------------------- locations
-
-void MainForm::CheckFileLocs()
-{
-    StoredExeValid = 0;
-    Quake2Location = readLocationFile(platform::joinPath(ProgramFolder, QStringLiteral("QUAKE2.LOC")));
-    bool gorvanOk = false;
-    if (!Quake2Location.isEmpty()) {
-        // The stored game path is taken as it stands; a game removed since
-        // shows up only when it is started.
-        ui.Text7->setText(kQuakeSet);
-        Quake2Set = 1;
-        StoredExeValid = 1;
-        GorvanLocation = readLocationFile(platform::joinPath(ProgramFolder, QStringLiteral("GORVAN.LOC")));
-        if (!GorvanLocation.isEmpty()) {
-            if (!platform::findModLibrary(modFolder()).isEmpty()) {
-                ui.Text8->setText(kGorvanSet);
-                GorvanSet = 1;
-                KillFiles();
-                StoredExeValid = 1;
-                gorvanOk = true;
-            } else {
-                GorvanSet = 0;
-                LocationsMissing = 1;
-                ui.Text8->setText(kNotLocatedGorvan);
-            }
-        }
-        if (gorvanOk) {
-            LoadBotsAtStart();
-            return;
-        }
-        platform::beep();
-        platform::msgBox(QStringLiteral("Gorvan location not found! Please set the location."));
-        GorvanSet = 0;
-        ui.Text8->setText(kNotLocatedGorvan);
-    } else {
-        platform::beep();
-        platform::msgBox(QStringLiteral("Quake2 location couldn't be found! Please set the location."));
-        Quake2Set = 0;
-        ui.Text7->setText(kNotLocatedQuake);
-        if (GorvanSet == 0)
-            ui.Text8->setText(kNotLocatedGorvan);
+    if (ui.Preferences->readStoredLocations()) {
+        loadBotsAtStart();
+        return;
     }
     ReloadAfterPrefs = 1;
     LocationsMissing = 1;
-    Command16_Click();
-    SetCloseTool(false);
+    openPreferences();
+    setCloseTool(false);
     StoredExeValid = 0;
 }
 
-void MainForm::Command16_Click()
+void MainForm::loadBotsAtStart()
 {
-    ui.Preferences->setVisible(true);
-    ui.Preferences->raise();
-    PrefsOpen = 1;
-    Dontshow();
-    Dontshow1();
-    ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
-    // A folder list set to the folder it already shows raises no change, so
-    // a later visit doesn't ask for the executable again.
-    if (Quake2Set != 0 && GorvanSet != 0) {
-        if (ui.Dir1->path() != gameFolder())
-            ui.Dir1->setPath(gameFolder());
-        if (ui.Dir2->path() != modFolder())
-            ui.Dir2->setPath(modFolder());
-    }
-    media::ShowGraphic(QStringLiteral("showpref"), ui.CurrentPix);
-    SetCloseTool(true);
-}
-
-void MainForm::Dir1_Change()
-{
-    if (DirPrimed == 1)
-        StoredExeValid = 0;
-    DirPrimed = 1;
-    Command1_Click();
-}
-
-void MainForm::Command1_Click()
-{
-    const QString folder = ui.Dir1->path();
-    const QStringList executables = platform::listExecutables(folder);
-    ui.File5->clear();
-    ui.File5->addItems(executables);
-
-    bool located = false;
-    if (ui.File5->count() > 0) {
-        bool matched = true;
-        if (StoredExeValid != 0) {
-            const QString stored = platform::fileNameOf(Quake2Location);
-            matched = false;
-            for (int i = 0; i < ui.File5->count(); ++i) {
-                if (ui.File5->item(i)->text().compare(stored, Qt::CaseInsensitive) == 0) {
-                    ui.File5->setCurrentRow(i);
-                    matched = true;
-                    break;
-                }
-            }
-        }
-        if (matched) {
-            ExePicked = 0;
-            if (StoredExeValid == 0) {
-                Q2EXEForm ask(this);
-                ask.ui.File1->addItems(executables);
-                connect(&ask, &Q2EXEForm::picked, this, [this](int row) { ui.File5->setCurrentRow(row); });
-                ask.exec();
-            }
-            located = ExePicked != 0;
-        }
-    }
-    if (!located && StoredExeValid != 1) {
-        ui.Text7->setText(kNotLocatedQuake);
-        Quake2Set = 0;
-        ShowLocationState(false);
+    ui.SpawnBots->ui.Label36->setText(QStringLiteral("0"));
+    if (BotFileErrorFlag == 1)
         return;
-    }
-    // Without a row to go by (the stored game is no longer in the folder)
-    // the stored name is kept: a folder path alone would start nothing.
-    QListWidgetItem* chosen = ui.File5->currentItem();
-    const QString name = chosen ? chosen->text() : platform::fileNameOf(Quake2Location);
-    ui.Text7->setText(kQuakeSet);
-    Quake2Location = platform::joinPath(folder, name);
-    if (!writeLocationFile(QStringLiteral("quake2.loc"), Quake2Location))
-        platform::msgBox(QStringLiteral("Couldn't save the Quake2 location (quake2.loc)!"), platform::Buttons::Ok,
-                         platform::Icon::Exclamation);
-    Quake2Set = 1;
-    ShowLocationState(true);
-}
-
-void MainForm::Command2_Click()
-{
-    const QString folder = ui.Dir2->path();
-    const bool found = !folder.isEmpty() && !platform::findModLibrary(folder).isEmpty()
-        && platform::fileExists(platform::joinPath(folder, QStringLiteral("BOTS.CFG")));
-    if (!found) {
-        ui.Text8->setText(kNotLocatedGorvan);
-        GorvanSet = 0;
-        ShowLocationState(false);
+    ui.Teams->loadTeams();
+    if (BotFileErrorFlag == 1)
         return;
-    }
-    ui.Text8->setText(kGorvanSet);
-    GorvanLocation = platform::joinPath(folder, QStringLiteral("GAMEX86.DLL"));
-    if (!writeLocationFile(QStringLiteral("gorvan.loc"), GorvanLocation))
-        platform::msgBox(QStringLiteral("Couldn't save the Gorvan location (gorvan.loc)!"), platform::Buttons::Ok,
-                         platform::Icon::Exclamation);
-    GorvanSet = 1;
-    ShowLocationState(true);
+    ShowBotProgress = 1;
+    ui.SpawnBots->loadBots();
+    ShowBotProgress = 0;
 }
 
-// A location lost makes the close tool the way out of the program; once
-// both are set it leaves Preferences. One found beside a missing other keeps
-// its tip as it was.
-void MainForm::ShowLocationState(bool found)
+bool MainForm::reloadBotsAfterPreferences()
 {
-    if (!found) {
-        ui.Main_Cancel->setToolTip(kQuitTip);
-        SetCloseTool(false);
-    } else if (Quake2Set == 1 && GorvanSet == 1) {
-        ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
-        SetCloseTool(true);
-    } else {
-        SetCloseTool(false);
-    }
+    if (BotFileErrorFlag == 1)
+        return false;
+    ui.SpawnBots->loadBots();
+    if (BotFileErrorFlag == 1)
+        return false;
+    ui.Teams->loadTeams();
+    return BotFileErrorFlag != 1;
+}
+
+// A file that can't be read is to be replaced by the internal copy through
+// the Backup Manager, which then ends the program. Until that manager is
+// there the load simply stops after its message and the pages stay empty.
+void MainForm::restoreBotsCfg() {}
+
+// ---------------------------------------------------------------- tool strip
+
+void MainForm::connectToolStrip()
+{
+    QStyle* st = style();
+    ui.Main_Previous->setIcon(st->standardIcon(QStyle::SP_ArrowBack));
+    ui.Main_Next->setIcon(st->standardIcon(QStyle::SP_ArrowForward));
+    ui.Command23->setIcon(st->standardIcon(QStyle::SP_FileDialogContentsView));
+    ui.Command16->setIcon(st->standardIcon(QStyle::SP_FileDialogDetailedView));
+    ui.Command19->setIcon(st->standardIcon(QStyle::SP_ComputerIcon));
+    ui.Command20->setIcon(st->standardIcon(QStyle::SP_DirHomeIcon));
+    ui.Command17->setIcon(st->standardIcon(QStyle::SP_MessageBoxInformation));
+    ui.Command18->setIcon(st->standardIcon(QStyle::SP_DriveNetIcon));
+    ui.Command15->setIcon(st->standardIcon(QStyle::SP_DialogSaveButton));
+    ui.Command24->setIcon(st->standardIcon(QStyle::SP_DirOpenIcon));
+    ui.Main_About->setIcon(st->standardIcon(QStyle::SP_MessageBoxQuestion));
+    setCloseTool(false);
+
+    connect(ui.Main_Next, &QToolButton::clicked, this, &MainForm::nextPage);
+    connect(ui.Main_Previous, &QToolButton::clicked, this, &MainForm::previousPage);
+    connect(ui.Main_Cancel, &QToolButton::clicked, this, &MainForm::leaveLayerOrQuit);
+    connect(ui.Main_About, &QToolButton::clicked, this, &MainForm::showAbout);
+    connect(ui.Command23, &QToolButton::clicked, this, &MainForm::popUpGotoMenu);
+    connect(ui.Command16, &QToolButton::clicked, this, &MainForm::openPreferences);
+    connect(ui.Command18, &QToolButton::clicked, this, &MainForm::openMapCycleEditor);
 }
 
 // The close tool shows whether it leaves a layer or quits the program.
-void MainForm::SetCloseTool(bool leave)
+void MainForm::setCloseTool(bool leave)
 {
     ui.Main_Cancel->setIcon(style()->standardIcon(leave ? QStyle::SP_DialogCancelButton : QStyle::SP_DialogCloseButton));
     ui.Main_Cancel->setText(leave ? QStringLiteral("Leave") : QStringLiteral("Quit"));
 }
 
-// ---------------------------------------------------------------- page engine
+// A location lost makes the close tool the way out of the program; once
+// both are set it leaves Preferences. One found beside a missing other keeps
+// its tip as it was.
+void MainForm::showLocationState(bool found)
+{
+    if (!found) {
+        ui.Main_Cancel->setToolTip(kQuitTip);
+        setCloseTool(false);
+    } else if (Quake2Set == 1 && GorvanSet == 1) {
+        ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
+        setCloseTool(true);
+    } else {
+        setCloseTool(false);
+    }
+}
 
-QList<QToolButton*> MainForm::RaisedButtons() const
+// The tool buttons follow the pointer by themselves (auto-raise); while a
+// layer covers the pages only the close tool works.
+QList<QToolButton*> MainForm::raisedButtons() const
 {
     return {ui.Main_Cancel, ui.Main_Next, ui.Command23, ui.Main_Previous, ui.Main_About, ui.Command24,
             ui.Command20,   ui.Command19, ui.Command18, ui.Command17,     ui.Command15,  ui.Command16};
 }
 
-// Raised buttons follow the pointer by themselves (auto-raise), so there is
-// nothing left to hide.
-void MainForm::Dontshow() {}
-
-void MainForm::Dontshow1()
+void MainForm::disableToolsButClose()
 {
-    for (QToolButton* b : RaisedButtons())
+    for (QToolButton* b : raisedButtons())
         if (b != ui.Main_Cancel)
             b->setEnabled(false);
 }
 
-void MainForm::Dontshow2()
+void MainForm::enableTools()
 {
-    for (QToolButton* b : RaisedButtons())
+    for (QToolButton* b : raisedButtons())
         b->setEnabled(true);
 }
 
-void MainForm::ClearFrames()
+void MainForm::openPreferences()
 {
-    for (QWidget* panel : {static_cast<QWidget*>(ui.StartDialog), static_cast<QWidget*>(ui.GameType),
-                           static_cast<QWidget*>(ui.StartMap), static_cast<QWidget*>(ui.SpawnBots),
-                           static_cast<QWidget*>(ui.Teams), static_cast<QWidget*>(ui.DMFlags),
-                           static_cast<QWidget*>(ui.GorvanFlags), static_cast<QWidget*>(ui.CTFflags),
-                           static_cast<QWidget*>(ui.CommandLine), static_cast<QWidget*>(ui.AllDone)})
-        panel->setVisible(false);
+    ui.Preferences->setVisible(true);
+    ui.Preferences->raise();
+    PrefsOpen = 1;
+    disableToolsButClose();
+    ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
+    ui.Preferences->showStoredFolders();
+    media::ShowGraphic(QStringLiteral("showpref"), ui.CurrentPix);
+    setCloseTool(true);
 }
 
-void MainForm::CheckGameStatus()
+// However the editor was left, the tree is read again, which brings a cycle
+// saved there into the list of cycles; its Exit keeps the chosen map.
+void MainForm::openMapCycleEditor()
 {
-    auto& gt = ui.GameType->ui;
-    if (gt.Option1->isChecked())
-        GameTypeCode = QStringLiteral("DM");
-    else if (gt.Option2->isChecked())
-        GameTypeCode = QStringLiteral("DMT");
-    else if (gt.Option3->isChecked())
-        GameTypeCode = QStringLiteral("CTF");
-}
-
-QWidget* MainForm::PanelOf(int page) const
-{
-    switch (page) {
-    case 1: return ui.StartDialog;
-    case 2: return ui.GameType;
-    case 3: return ui.StartMap;
-    case 4: return GameTypeCode == QLatin1String("DMT") ? static_cast<QWidget*>(ui.Teams) : ui.SpawnBots;
-    case 5: return ui.DMFlags;
-    case 6: return ui.GorvanFlags;
-    case 7: return ui.CTFflags;
-    case 8: return ui.PlayerSetup;
-    case 9: return ui.CommandLine;
-    case 10: return ui.AllDone;
-    default: return nullptr;
-    }
-}
-
-QString MainForm::PictureKeyOf(int page) const
-{
-    switch (page) {
-    case 1: return QStringLiteral("showwelcome");
-    case 2: return QStringLiteral("showgametype");
-    case 3: return QStringLiteral("showstartmap");
-    case 4: return GameTypeCode == QLatin1String("DMT") ? QStringLiteral("showteamselect") : QStringLiteral("showspawnbots");
-    case 5: return QStringLiteral("showdmflags");
-    case 6: return QStringLiteral("showgorvanflags");
-    case 7: return QStringLiteral("showctfflags");
-    case 8: return QStringLiteral("showplayersetup");
-    case 9: return QStringLiteral("showcmdline");
-    case 10: return QStringLiteral("showalldone");
-    default: return QString();
-    }
-}
-
-void MainForm::ShowPagePicture()
-{
-    media::ShowGraphic(PictureKeyOf(PageNumber), ui.CurrentPix);
-}
-
-// Player Setup may stay shown after a jump (the pages are cleared without
-// it); the page the user went to must lie above it.
-void MainForm::RaisePanelOf(int page)
-{
-    if (QWidget* panel = PanelOf(page))
-        panel->raise();
-}
-
-void MainForm::ShowPageOf(int page)
-{
-    if (QWidget* panel = PanelOf(page)) {
-        panel->setVisible(true);
-        panel->raise();
-    }
-}
-
-void MainForm::Main_Next_Click()
-{
-    ui.Main_Previous->setEnabled(true);
-    switch (PageNumber) {
-    case 1:
-        ui.StartDialog->setVisible(false);
-        ui.GameType->setVisible(true);
-        break;
-    case 2:
-        CheckGameStatus();
-        ui.GameType->setVisible(false);
-        ui.StartMap->setVisible(true);
-        break;
-    case 3:
-        if (GameTypeCode == QLatin1String("SP")) {
-            ui.StartMap->setVisible(false);
-            PageNumber = 9;
-            EnterAllDone();
-            if (programEnded())
-                return;
-            break;
-        }
-        ui.StartMap->setVisible(false);
-        ShowPageOf(4);
-        break;
-    case 4:
-        if (ui.SpawnBots->ui.Text1->text().isEmpty()) {
-            ui.SpawnBots->ui.Text1->setText(QStringLiteral("0"));
-            ui.SpawnBots->ui.HScroll1->setValue(0);
-        }
-        ui.Teams->setVisible(false);
-        ui.SpawnBots->setVisible(false);
-        ui.DMFlags->setVisible(true);
-        if (RebuildCTFBots == 1) {
-            AddCTFBots();
-            RebuildCTFBots = 0;
-        }
-        break;
-    case 5:
-        ui.DMFlags->setVisible(false);
-        ui.GorvanFlags->setVisible(true);
-        ui.GorvanFlags->ui.Check40->setEnabled(GameTypeCode == QLatin1String("CTF"));
-        break;
-    case 6:
-        ui.GorvanFlags->setVisible(false);
-        // Another number of chosen bots means another choice: the CTF team
-        // lists start again from it.
-        if (ui.SpawnBots->ui.Label36->text() != LastBotCount)
-            AddCTFBots();
-        LastBotCount = ui.SpawnBots->ui.Label36->text();
-        if (GameTypeCode == QLatin1String("CTF")) {
-            auto& ctf = ui.CTFflags->ui;
-            ui.CTFflags->setVisible(true);
-            // Team assignment exists only for hand-picked bots.
-            if (ui.SpawnBots->ui.Option5->isChecked()) {
-                ctf.Check38->setEnabled(true);
-                ctf.SSTab2->setTabEnabled(1, ctf.Check38->isChecked());
-            } else {
-                ctf.Check38->setEnabled(false);
-                ctf.Check38->setChecked(false);
-                ctf.SSTab2->setTabEnabled(1, false);
-            }
-            ctf.SSTab2->setTabEnabled(0, true);
-            ctf.SSTab2->setCurrentIndex(0);
-        } else {
-            ++PageNumber;
-            ui.PlayerSetup->setVisible(true);
-            ui.CTFflags->setVisible(false);
-        }
-        break;
-    case 7:
-        ui.PlayerSetup->setVisible(true);
-        ui.CTFflags->setVisible(false);
-        break;
-    case 8:
-        ui.PlayerSetup->setVisible(false);
-        ui.CommandLine->setVisible(true);
-        GetCmdLine();
-        break;
-    case 9:
-        EnterAllDone();
+    try {
+        MapEditorForm editor(this);
         if (programEnded())
             return;
-        break;
-    default:
-        return;
-    }
-    ++PageNumber;
-    RaisePanelOf(PageNumber);
-    ShowPagePicture();
-}
-
-void MainForm::EnterAllDone()
-{
-    ui.CommandLine->setVisible(false);
-    ui.AllDone->setVisible(true);
-    ui.Main_Next->setEnabled(false);
-    const QString cfg = platform::resolvePath(platform::joinPath(ProgramFolder, QStringLiteral("asdf.cfg")));
-    const QString launcherCfg = platform::resolvePath(platform::joinPath(modFolder(), QStringLiteral("launcher.cfg")));
-    // Unlike the clean-up at start-up, this delete doesn't clear a read-only
-    // file, and the wizard can't go on with a configuration it can't replace.
-    // A file whose owner may not write it is read-only here, even where the
-    // folder would let it go and even for root.
-    auto removeWritable = [](const QString& path) {
-        return path.isEmpty() || ((QFile::permissions(path) & QFileDevice::WriteOwner) && QFile::remove(path));
-    };
-    if (!removeWritable(cfg) || !removeWritable(launcherCfg)) {
-        platform::msgBox(QStringLiteral("Error: Something has happened. Ending program!(1)"));
+        if (editor.exec() == QDialog::Accepted)
+            ui.StartMap->KeepMapLabel = 1;
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
         ExitProgram(true);
         return;
     }
-    TryCommand();
+    if (!programEnded())
+        ui.StartMap->addMaps();
 }
 
-void MainForm::Main_Previous_Click()
+void MainForm::showAbout()
 {
-    ui.Main_Next->setEnabled(true);
-    switch (PageNumber) {
-    case 2:
-        ui.GameType->setVisible(false);
-        ui.StartDialog->setVisible(true);
-        ui.Main_Previous->setEnabled(false);
-        update();
-        break;
-    case 3:
-        ClearFrames();
-        ui.GameType->setVisible(true);
-        break;
-    case 4:
-        ClearFrames();
-        ui.SpawnBots->setVisible(false);
-        ui.Teams->setVisible(false);
-        ui.StartMap->setVisible(true);
-        break;
-    case 5:
-        ui.DMFlags->setVisible(false);
-        ShowPageOf(4);
-        break;
-    case 6:
-        ui.GorvanFlags->setVisible(false);
-        ui.DMFlags->setVisible(true);
-        break;
-    case 7:
-        ui.GorvanFlags->setVisible(true);
-        ui.CTFflags->setVisible(false);
-        break;
-    case 8:
-        ui.PlayerSetup->setVisible(false);
-        if (GameTypeCode == QLatin1String("CTF")) {
-            ui.CTFflags->setVisible(true);
-        } else {
-            --PageNumber;
-            ui.GorvanFlags->setVisible(true);
-        }
-        break;
-    case 9:
-        ui.CommandLine->setVisible(false);
-        ui.PlayerSetup->setVisible(true);
-        break;
-    case 10:
-        if (GameTypeCode == QLatin1String("SP")) {
-            PageNumber = 4;
-            Main_Previous_Click();
-            return;
-        }
-        ui.AllDone->ui.Start->setEnabled(false);
-        ui.CommandLine->setVisible(true);
-        ui.AllDone->setVisible(false);
-        break;
-    default:
-        return;
-    }
-    --PageNumber;
-    RaisePanelOf(PageNumber);
-    ShowPagePicture();
-}
-
-void MainForm::Main_About_Click()
-{
-    Dontshow();
-    Dontshow1();
+    disableToolsButClose();
     AboutOpen = 1;
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit About"));
-    ClearFrames();
+    clearFrames();
     ui.Preferences->setVisible(false);
     ui.PlayerSetup->setVisible(false);
     ui.Panel_About->setVisible(true);
     ui.Panel_About->raise();
-    SetCloseTool(true);
+    setCloseTool(true);
 }
 
-void MainForm::Main_Cancel_Click()
+// ---------------------------------------------------------------- wiring
+
+void MainForm::wirePages()
 {
-    if (Quake2Set == 0 || GorvanSet == 0) {
-        platform::beep();
-        platform::msgBox(QStringLiteral("Quake2 and/or the Gorvan location hasn't been determined."));
-        return;
-    }
-    SetCloseTool(false);
-    if (PrefsOpen == 1) {
-        PrefsOpen = 0;
-        StoredExeValid = 1;
-        if (ReloadAfterPrefs == 1) {
-            ReloadAfterPrefs = 0;
-            if (!ReloadBotsAfterPrefs())
-                return;
-            AddMaps();
-            if (programEnded())
-                return;
+    connect(ui.Preferences, &PreferencesPage::locationChecked, this, &MainForm::showLocationState);
+    connect(ui.GameType, &pages::GameTypePage::chosen, this, &MainForm::chooseGameType);
+
+    const QPointer<MainForm> self(this);
+    RestoreBotsCfgHook = [self] {
+        if (self)
+            self->restoreBotsCfg();
+    };
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadBegun, Progress, &ProgressForm::begin);
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadProgressed, Progress, &ProgressForm::report);
+    connect(ui.SpawnBots, &pages::SpawnBotsPage::loadEnded, Progress, &QWidget::hide);
+    connect(ui.Teams, &pages::TeamsPage::noTeamsFound, ui.GameType, &pages::GameTypePage::disableTeamGame);
+
+    connect(ui.DMFlags, &pages::DMFlagsPage::flagsChanged, this, &MainForm::updateDMFlags);
+    connect(ui.CTFflags, &pages::CTFflagsPage::flagsChanged, this, &MainForm::updateDMFlags);
+    ui.DMFlags->setOptionForms(Advanced, Custom);
+    const pages::DMFlagsPage* flags = ui.DMFlags;
+    ui.CTFflags->limitBotsPerHuman([flags] { return flags->maxPlayers(); });
+    connect(ui.CTFflags, &pages::CTFflagsPage::teamListsWanted, this, &MainForm::addCTFBots);
+    connect(ui.CTFflags, &pages::CTFflagsPage::pictureWanted, this, [this](const QString& key) {
+        if (PageNumber == 7)
+            media::ShowGraphic(key, ui.CurrentPix);
+    });
+
+    ui.AllDone->setStartMap(ui.StartMap);
+}
+
+// Single player has a map tree of its own, so entering or leaving it reads
+// the maps again. Every choice of a multiplayer type puts its map back, even
+// without a change: players expect a fitting map after choosing the game.
+void MainForm::chooseGameType(const QString& code)
+{
+    if (code == QLatin1String("SP")) {
+        if (GameTypeCode != code) {
+            GameTypeCode = code;
+            ui.StartMap->addMaps();
         }
-        ui.Preferences->setVisible(false);
-        ShowPagePicture();
-    } else if (AboutOpen != 1) {
-        if (platform::ask(QStringLiteral("Are you sure you want to quit Torvik?"), QStringLiteral("Quit Torvik")))
-            ExitProgram(true);
         return;
-    } else {
-        ui.Panel_About->setVisible(false);
-        AboutOpen = 0;
     }
-    Dontshow();
-    Dontshow2();
-    ui.Main_Cancel->setToolTip(kQuitTip);
-    ClearFrames();
-    ShowPageOf(PageNumber);
-    if (PageNumber == 1)
-        ui.Main_Previous->setEnabled(false);
-    if (PageNumber == 10)
-        ui.Main_Next->setEnabled(false);
-}
-
-// ---------------------------------------------------------------- goto menu
-
-QAction* MainForm::addGoto(const QString& caption, const char* handler)
-{
-    QAction* action = GotoMenu->addAction(caption);
-    action->setObjectName(QString::fromLatin1(handler));
-    return action;
-}
-
-void MainForm::BuildGotoMenu()
-{
-    struct Item {
-        const char* caption;
-        const char* handler;
-        int before;
-    };
-    static const Item items[] = {
-        {"Welcome", "GotoWelcome", 2},          {"Game Type", "GotoGameType", 1},
-        {"Map Selection", "Gotomap", 2},        {"Team Selection", "GotoTeamSelection", 3},
-        {"Bot Selection", "GotoBotSelection", 3}, {"DM Flags", "GotoDMFlags", 4},
-        {"Gorvan Flags", "GotoGorvanFlags", 5},  {"CTF Flags", "GotoCTFFlags", 6},
-        {"Player Setup", "GotoPlayerSetup", 7},  {"Command Line", "GotoCMDLine", 8},
-        {"All Done", "GotoAllDone", 9},
-    };
-    for (const Item& item : items) {
-        QAction* action = addGoto(QString::fromLatin1(item.caption), item.handler);
-        const int before = item.before;
-        const QString handler = QString::fromLatin1(item.handler);
-        connect(action, &QAction::triggered, this, [this, before, handler] {
-            PageNumber = before;
-            if (handler == QLatin1String("GotoWelcome")) {
-                ClearFrames();
-                ClickPrev();
-                return;
-            }
-            if (handler == QLatin1String("GotoAllDone"))
-                GetCmdLine();
-            ClickNext();
-        });
+    if (GameTypeCode == QLatin1String("SP")) {
+        GameTypeCode = code;
+        ui.StartMap->addMaps();
     }
+    if (DataFileMode == 0)
+        ui.StartMap->showDefaultMap(code);
+    GameTypeCode = code;
 }
 
-void MainForm::Command23_Click()
+void MainForm::updateDMFlags()
 {
-    static const char* const middle[] = {"Gotomap", "GotoTeamSelection", "GotoBotSelection", "GotoDMFlags",
-                                         "GotoGorvanFlags", "GotoCTFFlags", "GotoPlayerSetup", "GotoCMDLine"};
-    auto item = [this](const char* name) { return GotoMenu->findChild<QAction*>(QString::fromLatin1(name)); };
-    for (const char* name : middle)
-        item(name)->setEnabled(true);
-    if (GameTypeCode == QLatin1String("DM")) {
-        item("GotoCTFFlags")->setEnabled(false);
-        item("GotoTeamSelection")->setEnabled(false);
-    } else if (GameTypeCode == QLatin1String("DMT")) {
-        item("GotoCTFFlags")->setEnabled(false);
-        item("GotoBotSelection")->setEnabled(false);
-    } else if (GameTypeCode == QLatin1String("CTF")) {
-        item("GotoTeamSelection")->setEnabled(false);
-    } else if (GameTypeCode == QLatin1String("SP")) {
-        for (const char* name : middle)
-            if (qstrcmp(name, "Gotomap") != 0)
-                item(name)->setEnabled(false);
-    }
-    GotoMenu->exec(ui.Command23->mapToGlobal(QPoint(0, ui.Command23->height())));
+    ui.DMFlags->showFlagsNumber(ui.CTFflags->flagBoxes(), GameTypeCode == QLatin1String("CTF"));
 }
 
-void MainForm::ClickNext()
+// The CTF team lists start again from the bots chosen on the bot page. While
+// a data file is put in place they come from the file, and with no bots
+// listed there is nothing to start from.
+void MainForm::addCTFBots()
 {
-    ClearFrames();
-    ui.Main_Next->setEnabled(true);
-    Main_Next_Click();
+    if (DataFileMode == 1 || ui.SpawnBots->listedBotCount() == 0)
+        return;
+    ui.CTFflags->startTeamLists(ui.SpawnBots->chosenBots());
 }
 
-void MainForm::ClickPrev()
+ComposerInput MainForm::composerInput() const
 {
-    Main_Previous_Click();
+    ComposerInput in;
+    in.quake2Location = Quake2Location;
+    in.modShortName = modShortName();
+    in.gameTypeCode = GameTypeCode;
+    Advanced->readAnswersInto(in);
+    in.customOptions = Custom->commandOptions();
+    ui.StartMap->readAnswersInto(in);
+    ui.Teams->readAnswersInto(in);
+    ui.SpawnBots->readAnswersInto(in);
+    ui.DMFlags->readAnswersInto(in);
+    ui.GorvanFlags->readAnswersInto(in);
+    ui.CTFflags->readAnswersInto(in);
+    ui.PlayerSetup->readAnswersInto(in);
+    return in;
+}
+
+// Hand edits in the box are lost: the command is made anew from the answers.
+void MainForm::composeCommandLine()
+{
+    ui.CommandLine->showCommand(torvik::composeCommandLine(composerInput()));
 }
 
 } // namespace torvik

@@ -1,23 +1,20 @@
 #pragma once
-// The wizard's main form: tool strip, page picture and the stack of pages.
-// The answers are the values of its controls.
+// The wizard's main form: the tool strip, the page picture, and the stack of
+// pages that the page engine moves through. Each page owns what its controls
+// do; the main form loads them, sequences them and wires what crosses them.
+#include "command/Composer.h"
 #include "ui_MainForm.h"
-#include "wizard/Composer.h"
 
 #include <QWidget>
 
 class QMenu;
 class QAction;
-class QListWidget;
 
 namespace pages {
 class AdvancedForm;
 }
 namespace custom {
 class CustomForm;
-}
-namespace platform {
-class Timer;
 }
 
 namespace torvik {
@@ -31,109 +28,61 @@ public:
     ~MainForm() override;
 
     Ui::MainForm ui;
-    QMenu* GotoMenu;
-    pages::AdvancedForm* Advanced = nullptr;
-    custom::CustomForm* Custom = nullptr;
-    platform::Timer* Timer6 = nullptr;
-    // The head of the command, cut out by `try`, started by Start.
-    QString LaunchHead;
-
-    // Page engine.
-    void Main_Next_Click();
-    void Main_Previous_Click();
-    void Main_Cancel_Click();
-    void Main_About_Click();
-    void Command23_Click();
-    void ClearFrames();
-    void ClickNext();
-    void ClickPrev();
-    void Dontshow();
-    void Dontshow1();
-    void Dontshow2();
-    void CheckGameStatus();
-    void ShowPagePicture();
-
-    // Answers, command and launch.
-    void UpdateDMFlags();
-    void GetCmdLine();
-    void TryCommand();
-    void Start_Click();
-    ComposerInput ReadAnswers() const;
-
-    // Maps (MainMaps.cpp).
-    void AddMaps();
-    void LoadMapCycles();
-    void Command5_Click();
-    void Command18_Click();
-    void Command26_Click();
-    QString SelectedNodeText;
-
-    // Locations.
-    void CheckFileLocs();
-    void Command16_Click();
-    void Command1_Click();
-    void Command2_Click();
-
-    // Bots and teams pages (MainBots.cpp).
-    void LoadBotsAtStart();
-    bool ReloadBotsAfterPrefs();
-    void GetNewBots();
-    void GetNewTeams();
-    void CheckSel();
-    void ShowBotCounter();
-    void ShowBotView(bool extended);
-    void CheckSel1();
-    void Command3_Click();
-    void Command4_Click();
-    void AddCTFBots();
-    void RestoreBotsCfg();
-    platform::Timer* Timer2 = nullptr;
-    ProgressForm* Progress = nullptr;
-    // 1-based rows last clicked in the two report views; 0 before any click.
-    int ListCurrentBot = 0;
-    int ListCurrentTeam = 0;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void Form_Load();
-    bool FixStuff();
-    void ConnectControls();
-    void BuildGotoMenu();
-    void Dir1_Change();
-    void SetCloseTool(bool leave);
-    void ShowLocationState(bool found);
-    void ShowPageOf(int page);
-    void RaisePanelOf(int page);
-    QWidget* PanelOf(int page) const;
-    QString PictureKeyOf(int page) const;
-    QList<QToolButton*> RaisedButtons() const;
-    void EnterAllDone();
-    void SetupAnswerPages();
-    void FillFixedLists();
-    void GameTypeClick(const QString& code);
-    void Label42_Click();
-    void SetupBotPages();
-    void BotModeChanged();
-    void Text1_Change();
-    void HScroll1_Change();
-    void Check33_Click();
-    void Check34_Click();
-    void ListView1_DblClick();
-    void ListView1_RightPress();
-    void Timer2_Timer();
-    void ListView2_DblClick();
-    void List3_Click();
-    void List3_DblClick();
-    void Combo1_Click();
-    void MoveSelectedBots(QListWidget* from, QListWidget* to);
-    void MoveAllBots(QListWidget* from, QListWidget* to);
-    bool tyingAmount_ = false;
-    void SetupMapPage();
-    bool AddMapsRun(QString* failure);
+    // Load (MainForm.cpp).
+    void loadForm();
+    bool beautifyForm();
+    void checkFileLocations();
+    void loadBotsAtStart();
+    bool reloadBotsAfterPreferences();
+    void restoreBotsCfg();
 
-    QAction* addGoto(const QString& caption, const char* handler);
+    // Tool strip (MainForm.cpp).
+    void connectToolStrip();
+    void setCloseTool(bool leave);
+    void showLocationState(bool found);
+    void disableToolsButClose();
+    void enableTools();
+    QList<QToolButton*> raisedButtons() const;
+    void openPreferences();
+    void openMapCycleEditor();
+    void showAbout();
+
+    // Wiring between the pages (MainForm.cpp).
+    void wirePages();
+    void chooseGameType(const QString& code);
+    void updateDMFlags();
+    void addCTFBots();
+    ComposerInput composerInput() const;
+    void composeCommandLine();
+
+    // Page engine (MainFormEngine.cpp).
+    void nextPage();
+    void previousPage();
+    void leaveLayerOrQuit();
+    void buildGotoMenu();
+    void popUpGotoMenu();
+    void clickNext();
+    void clickPrevious();
+    void clearFrames();
+    void checkGameStatus();
+    void enterAllDone();
+    QWidget* panelOf(int page) const;
+    QString pictureKeyOf(int page) const;
+    void showPageOf(int page);
+    void raisePanelOf(int page);
+    void showPagePicture();
+
+    QMenu* GotoMenu;
+    // Hidden forms created at load: the command is read from their controls
+    // even when the user never opens them.
+    pages::AdvancedForm* Advanced = nullptr;
+    custom::CustomForm* Custom = nullptr;
+    ProgressForm* Progress = nullptr;
 };
 
 // Creates, loads and shows the main form; false when its load ended the program.

@@ -2,19 +2,17 @@
 
 #include "media/Graphics.h"
 #include "platform/Process.h"
-#include "wizard/Globals.h"
+#include "platform/ProgramContext.h"
 #include "wizard/SplashForm.h"
 
 #include <QApplication>
 #include <QWidget>
 
 namespace torvik {
-namespace {
-bool ended = false;
-}
 
 void startProgram()
 {
+    platform::programContext.exitProgram = [] { ExitProgram(true); };
     auto* splash = new SplashForm;
     if (splash->loaded())
         splash->show();
@@ -22,9 +20,9 @@ void startProgram()
 
 void ExitProgram(bool force)
 {
-    if (ended)
+    if (platform::programContext.ended)
         return;
-    ended = true;
+    platform::programContext.ended = true;
     (void)force; // every caller forces the end
     // Forms are closed after the running handler returns, never under it.
     const QWidgetList forms = QApplication::topLevelWidgets();
@@ -32,11 +30,11 @@ void ExitProgram(bool force)
         forms[i]->hide();
         forms[i]->deleteLater();
     }
-    delete GraphicsObject;
-    GraphicsObject = nullptr;
+    delete media::GraphicsObject;
+    media::GraphicsObject = nullptr;
     platform::endProcess(0);
 }
 
-bool programEnded() { return ended; }
+bool programEnded() { return platform::programEnded(); }
 
 } // namespace torvik

@@ -5,7 +5,8 @@
 
 namespace torvik {
 
-// Asks which executable of the chosen folder is the game.
+// Asks which executable of the chosen folder is the game; accepted when one
+// was double-clicked, rejected by "None" and by the close box.
 class Q2EXEForm : public QDialog {
     Q_OBJECT
 public:

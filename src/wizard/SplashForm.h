@@ -25,18 +25,19 @@ public:
     platform::Timer* Timer3;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void Form_Load();
-    void Timer4_Timer();
-    void Timer1_Timer();
-    void Option_Click();
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
-    void RefreshFile1();
-    void OfferRepair();
+    void loadForm();
+    void loadPictureComponent();
+    void offerDataFiles();
+    void enableDataFileChoice();
+    void startWizard();
+    void deleteDataFile();
+    void askToClose();
+    void listDataFiles();
+    void offerRepair();
 
     bool loaded_ = false;
 };

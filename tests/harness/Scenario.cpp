@@ -11,6 +11,7 @@
 #include "platform/SingleInstance.h"
 #include "platform/Timer.h"
 #include "wizard/Globals.h"
+#include "wizard/MainForm.h"
 #include "bots/BotStore.h"
 #include "bots/Examination.h"
 #include "wizard/Program.h"
@@ -120,14 +121,22 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("Quake2Set", &torvik::Quake2Set);
         number("GorvanSet", &torvik::GorvanSet);
         number("StoredExeValid", &torvik::StoredExeValid);
-        number("DirPrimed", &torvik::DirPrimed);
-        number("ExePicked", &torvik::ExePicked);
         number("ReloadAfterPrefs", &torvik::ReloadAfterPrefs);
         number("PrefsOpen", &torvik::PrefsOpen);
         number("PageNumber", &torvik::PageNumber);
         number("AboutOpen", &torvik::AboutOpen);
         text("LastBotCount", &torvik::LastBotCount);
-        number("KeepMapLabel", &torvik::KeepMapLabel);
+        // Values that belong to a page, read off the main form's pages;
+        // before the form is there they have their start values.
+        auto pageValue = [&t](const char* name, int start, std::function<int(torvik::MainForm&)> read) {
+            t[QLatin1String(name)] = [start, read] {
+                torvik::MainForm* form = torvik::MainFormInstance();
+                return QString::number(form ? read(*form) : start);
+            };
+        };
+        pageValue("KeepMapLabel", 0, [](torvik::MainForm& f) { return f.ui.StartMap->KeepMapLabel; });
+        pageValue("DirPrimed", 0, [](torvik::MainForm& f) { return f.ui.Preferences->DirPrimed; });
+        pageValue("ExePicked", 0, [](torvik::MainForm& f) { return f.ui.Preferences->ExePicked; });
         number("BotFileErrorFlag", &torvik::BotFileErrorFlag);
         number("ShowBotProgress", &torvik::ShowBotProgress);
         auto number16 = [&t](const char* name, const qint16* v) {
@@ -553,7 +562,8 @@ QString Interpreter::validateCheck(const Line& line) const
         property == QLatin1String("picture"))
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
-        property == QLatin1String("exists") || property == QLatin1String("on-top")) {
+        property == QLatin1String("exists") || property == QLatin1String("on-top") ||
+        property == QLatin1String("focused")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1122,9 +1132,15 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
-    } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top")) {
+    } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
+               property == QLatin1String("focused")) {
         bool on = false;
-        problem = property == QLatin1String("enabled") ? ui::readEnabled(object, &on) : ui::readOnTop(object, &on);
+        if (property == QLatin1String("enabled"))
+            problem = ui::readEnabled(object, &on);
+        else if (property == QLatin1String("on-top"))
+            problem = ui::readOnTop(object, &on);
+        else
+            problem = ui::readFocused(object, &on);
         if (problem.isEmpty())
             compare(yesNo(*ui::parseBool(line.word(3))), yesNo(on));
     } else if (property == QLatin1String("caption") || property == QLatin1String("text") ||

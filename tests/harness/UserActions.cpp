@@ -460,6 +460,15 @@ QString readOnTop(QObject* c, bool* found)
     return QString();
 }
 
+QString readFocused(QObject* c, bool* found)
+{
+    auto* w = qobject_cast<QWidget*>(c);
+    if (!w || w->isWindow())
+        return kindError(c, "focus");
+    *found = w->window()->focusWidget() == w;
+    return QString();
+}
+
 QString readPicture(QObject* c, QString* found)
 {
     auto* label = qobject_cast<QLabel*>(c);

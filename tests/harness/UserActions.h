@@ -33,6 +33,8 @@ QString readEnabled(QObject* control, bool* found);
 bool isVisibleToUser(QObject* control);
 // Visible and not covered at its centre by another control of its window.
 QString readOnTop(QObject* control, bool* found);
+// The control that keys typed into its form go to.
+QString readFocused(QObject* control, bool* found);
 // The picture key an image control shows ("" when it shows none).
 QString readPicture(QObject* control, QString* found);
 // Rows of list, tree and report views (every item, depth first, first

@@ -1,5 +1,4 @@
 #include "media/Graphics.h"
-#include "wizard/Globals.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,7 +46,7 @@ protected:
         ASSERT_TRUE(dir.isValid());
         ASSERT_TRUE(QFile::exists(kBuiltComponent)) << "build the TKGraphics target first";
     }
-    void TearDown() override { torvik::GraphicsObject = nullptr; }
+    void TearDown() override { media::GraphicsObject = nullptr; }
 
     QString place(const QString& name) const
     {
@@ -255,7 +254,7 @@ TEST_F(GraphicsTest, GraphicsShowGraphicPutsThePictureIntoTheLabel)
     EXPECT_FALSE(media::ShowGraphic(QStringLiteral("gorvanlogo"), &label)) << "no component set yet";
     EXPECT_TRUE(label.pixmap().isNull());
 
-    torvik::GraphicsObject = component.get();
+    media::GraphicsObject = component.get();
     ASSERT_TRUE(media::ShowGraphic(QStringLiteral("gorvanlogo"), &label));
     const QImage shown = label.pixmap().toImage().convertToFormat(QImage::Format_ARGB32);
     EXPECT_EQ(shown, component->picture(QStringLiteral("gorvanlogo")).convertToFormat(QImage::Format_ARGB32));
@@ -271,7 +270,7 @@ TEST_F(GraphicsTest, GraphicsShowGraphicPutsThePictureIntoTheLabel)
 
     // Releasing the component leaves no dangling global behind.
     component.reset();
-    EXPECT_EQ(torvik::GraphicsObject, nullptr);
+    EXPECT_EQ(media::GraphicsObject, nullptr);
     EXPECT_FALSE(media::ShowGraphic(QStringLiteral("showpref"), &label));
 }
 

@@ -1,4 +1,4 @@
-#include "wizard/Composer.h"
+#include "command/Composer.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ ComposerInput defaults()
 
 TEST(Composer, DefaultDeathMatchCommand)
 {
-    EXPECT_EQ(GetCmdLine(defaults()),
+    EXPECT_EQ(composeCommandLine(defaults()),
               QStringLiteral("/games/q2/quake2 +set game gorvan  +set deathmatch 1\r\n"
                              "+set teamplay 0\r\n+set skill 0\r\n+set view_weapons 0\r\n+set cheats 0\r\n"
                              "+set bot_chat 1\r\n+set bot_auto_skill 0\r\n+set bot_allow_client_commands 1\r\n"
@@ -35,7 +35,7 @@ TEST(Composer, DedicatedStandsBeforeTheGameAndCustomOptionsFollowDeathmatch)
     in.customOptions = {{true, QStringLiteral("set gravity{}400{}1:Low Gravity")},
                         {false, QStringLiteral("set sv_x{}1{}0:Off")},
                         {true, QStringLiteral("alias go{}\"+attack\"{}0:Go")}};
-    const QString c = GetCmdLine(in);
+    const QString c = composeCommandLine(in);
     EXPECT_TRUE(c.startsWith(QStringLiteral("/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n"
                                             "+set gravity 400\r\n+alias go \"+attack\"\r\n+set teamplay 0")))
         << qPrintable(c);
@@ -50,18 +50,18 @@ TEST(Composer, CtfAutoTeamsDropMaxClientsRandomBotsAndTheSpecialTeams)
     in.randomBotCount = QStringLiteral("5");
     in.captureLimitOn = true;
     in.captureLimit = QStringLiteral("10");
-    const QString without = GetCmdLine(in);
+    const QString without = composeCommandLine(in);
     EXPECT_TRUE(without.contains(QStringLiteral("+set maxclients 16")));
     EXPECT_TRUE(without.contains(QStringLiteral("+set bot_num 5")));
     EXPECT_TRUE(without.contains(QStringLiteral("+set capturelimit 10\r\n")));
     in.specialTeams = true;
     in.specialTeamsBots = QStringLiteral("2");
     in.humanOnlyTeams = true;
-    EXPECT_TRUE(GetCmdLine(in).contains(
+    EXPECT_TRUE(composeCommandLine(in).contains(
         QStringLiteral("+set ctf 1\r\n+set ctf_special_teams 2\r\n+set ctf_humanonly_teams 1\r\n")));
     in.ctfAutoTeams = true;
     in.ctfTeamSize = QStringLiteral("5");
-    const QString with = GetCmdLine(in);
+    const QString with = composeCommandLine(in);
     EXPECT_FALSE(with.contains(QStringLiteral("maxclients")));
     EXPECT_FALSE(with.contains(QStringLiteral("bot_num")));
     EXPECT_TRUE(with.contains(QStringLiteral("+set ctf_auto_teams 5")));
@@ -71,17 +71,17 @@ TEST(Composer, CtfAutoTeamsDropMaxClientsRandomBotsAndTheSpecialTeams)
 
 TEST(Composer, DmflagsSentReadFriendlyFireTheOtherWayFromTheTitle)
 {
-    pages::DMFlagBoxes boxes{{4, true}, {5, true}, {6, true}, {19, true}};
-    EXPECT_EQ(pages::dmflagsForTitle(boxes, false), 256);
-    EXPECT_EQ(pages::dmflagsForGame(boxes, false), 0);
+    DMFlagBoxes boxes{{4, true}, {5, true}, {6, true}, {19, true}};
+    EXPECT_EQ(dmflagsForTitle(boxes, false), 256);
+    EXPECT_EQ(dmflagsForGame(boxes, false), 0);
     boxes = {{4, false}, {5, false}, {6, false}, {19, false}, {13, true}};
-    EXPECT_EQ(pages::dmflagsForTitle(boxes, false), 2059);
-    EXPECT_EQ(pages::dmflagsForGame(boxes, false), 2315);
-    pages::DMFlagBoxes all;
+    EXPECT_EQ(dmflagsForTitle(boxes, false), 2059);
+    EXPECT_EQ(dmflagsForGame(boxes, false), 2315);
+    DMFlagBoxes all;
     for (int b : {2, 3, 7, 8, 9, 10, 11, 12, 14, 16, 47, 27, 28, 29})
         all[b] = true;
-    EXPECT_EQ(pages::dmflagsForTitle(all, true), 983039);
-    EXPECT_EQ(pages::dmflagsForTitle(all, false), 983039 - 131072 - 262144 - 524288);
+    EXPECT_EQ(dmflagsForTitle(all, true), 983039);
+    EXPECT_EQ(dmflagsForTitle(all, false), 983039 - 131072 - 262144 - 524288);
 }
 
 TEST(Composer, TeamGameJoinsOwnTeamBeforeTheEnemyTeams)
@@ -92,13 +92,13 @@ TEST(Composer, TeamGameJoinsOwnTeamBeforeTheEnemyTeams)
     in.ownTeam = QStringLiteral("Red");
     in.teamRows = {QStringLiteral("Blue"), QStringLiteral("Red"), QStringLiteral("Green")};
     in.teamSelected = {true, true, true};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd join Red\r\n+sv teams Blue Green")));
-    EXPECT_TRUE(GetCmdLine(in).contains(QStringLiteral("+set teamplay 1")));
-    EXPECT_TRUE(GetCmdLine(in).contains(QStringLiteral("+set players_per_team 4")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd join Red\r\n+sv teams Blue Green")));
+    EXPECT_TRUE(composeCommandLine(in).contains(QStringLiteral("+set teamplay 1")));
+    EXPECT_TRUE(composeCommandLine(in).contains(QStringLiteral("+set players_per_team 4")));
     in.teamSelected = {false, true, false};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1")));
     in.teamSelected = {false, false, false};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1")));
 }
 
 TEST(Composer, SpecificBotsAndCtfTeamChoice)
@@ -107,21 +107,21 @@ TEST(Composer, SpecificBotsAndCtfTeamChoice)
     in.specificBots = true;
     in.selectedCount = QStringLiteral("2");
     in.selectedBots = {QStringLiteral("Alpha"), QStringLiteral("Bravo")};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+sv bots Alpha Bravo")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+sv bots Alpha Bravo")));
 
     in.gameTypeCode = QStringLiteral("CTF");
     in.specificTeams = true;
     in.redBots = {QStringLiteral("Alpha")};
     in.blueBots = {QStringLiteral("Bravo")};
     in.teamChoice = 2;
-    EXPECT_TRUE(GetCmdLine(in).endsWith(
+    EXPECT_TRUE(composeCommandLine(in).endsWith(
         QStringLiteral("\r\n+sv redbots Alpha \r\n+sv bluebots Bravo\r\n+cmd team blue")));
 
     in.selectedCount = QStringLiteral("0");
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1")));
     in.specificBots = false;
     in.teamChoice = 1;
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd team red")));
+    EXPECT_TRUE(composeCommandLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd team red")));
 }
 
 TEST(Composer, RateDownloadsAndConnect)
@@ -136,18 +136,18 @@ TEST(Composer, RateDownloadsAndConnect)
     in.address[1] = QStringLiteral("168");
     in.address[2] = QStringLiteral("0");
     in.address[3] = QStringLiteral("7");
-    const QString c = GetCmdLine(in);
+    const QString c = composeCommandLine(in);
     EXPECT_TRUE(c.contains(QStringLiteral("+set rate 10000\r\n")));
     EXPECT_TRUE(c.contains(QStringLiteral("+set allow_download 1\r\n+set allow_download_maps 1\r\n"
                                           "+set allow_download_models 1\r\n+set allow_download_sounds 0\r\n"
                                           "+set allow_download_players 1\r\n+set connect \"192.168.0.7\"\r\n+map")));
     in.rateIndex = 0;
-    EXPECT_FALSE(GetCmdLine(in).contains(QStringLiteral("+set rate")));
+    EXPECT_FALSE(composeCommandLine(in).contains(QStringLiteral("+set rate")));
 }
 
 TEST(Split, HeadEndsAtDeathmatchAndTheRestLosesLeadingPlusSigns)
 {
-    const SplitCommand s = splitCommandLine(GetCmdLine(defaults()), false);
+    const SplitCommand s = splitCommandLine(composeCommandLine(defaults()), false);
     ASSERT_TRUE(s.ok);
     EXPECT_EQ(s.launchHead, QStringLiteral("/games/q2/quake2 +set game gorvan  +set deathmatch 1"));
     EXPECT_TRUE(s.config.startsWith(QStringLiteral("\nset teamplay 0\r\nset skill 0\r\n")));
@@ -159,7 +159,7 @@ TEST(Split, DedicatedShiftsTheCutByOne)
 {
     ComposerInput in = defaults();
     in.dedicated = true;
-    const SplitCommand s = splitCommandLine(GetCmdLine(in), true);
+    const SplitCommand s = splitCommandLine(composeCommandLine(in), true);
     EXPECT_EQ(s.launchHead, QStringLiteral("/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1"));
     EXPECT_TRUE(s.config.startsWith(QStringLiteral("set teamplay 0\r\n")));
 }

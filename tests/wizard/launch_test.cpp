@@ -1,4 +1,4 @@
-#include "wizard/Launch.h"
+#include "command/Composer.h"
 
 #include <gtest/gtest.h>
 

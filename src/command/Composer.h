@@ -2,7 +2,7 @@
 // Turns the answers into the game's command: the whole command as one text
 // (head line, then one "+" token a line), and its split into the head that
 // stays a real command line and the rest that becomes "asdf.cfg".
-#include "pages/DMFlagsRules.h"
+#include "command/DMFlagsRules.h"
 
 #include <QList>
 #include <QString>
@@ -47,7 +47,7 @@ struct ComposerInput {
     QString randomBotCount;            // Text1
     bool freeSlotsOn = false;          // Check32
     QString freeSlots;                 // Text11
-    pages::DMFlagBoxes dmflags;
+    DMFlagBoxes dmflags;
     QString playersPerTeam;            // Text2
     bool mapmodRandom = false;         // Check39
     bool tarzanEnabled = true;         // Check40 enabled
@@ -90,7 +90,7 @@ struct ComposerInput {
 };
 
 // The whole command, lines joined by CR LF.
-QString GetCmdLine(const ComposerInput& in);
+QString composeCommandLine(const ComposerInput& in);
 
 struct SplitCommand {
     bool ok = false;
@@ -105,5 +105,10 @@ SplitCommand splitCommandLine(const QString& text, bool dedicated);
 
 // The rate sent for each row of the connection list; 0 for none.
 int rateForIndex(int index);
+
+// The words of a command head for a start without a shell: split at blanks
+// outside double quotes, the quotes taken off. The game's own path is kept
+// whole where the head begins with it, blanks and all.
+QStringList splitHead(const QString& head, const QString& gamePath);
 
 } // namespace torvik

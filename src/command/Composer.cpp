@@ -1,4 +1,4 @@
-#include "wizard/Composer.h"
+#include "command/Composer.h"
 
 namespace torvik {
 namespace {
@@ -80,7 +80,7 @@ int rateForIndex(int index)
     return index >= 0 && index < 9 ? rates[index] : 0;
 }
 
-QString GetCmdLine(const ComposerInput& in)
+QString composeCommandLine(const ComposerInput& in)
 {
     const bool ctf = in.gameTypeCode == QLatin1String("CTF");
     QString c = in.quake2Location;
@@ -119,7 +119,7 @@ QString GetCmdLine(const ComposerInput& in)
     }
     if (in.freeSlotsOn)
         c += CRLF + QStringLiteral("+set bot_free_clients ") + in.freeSlots;
-    c += CRLF + QStringLiteral("+set dmflags ") + QString::number(pages::dmflagsForGame(in.dmflags, ctf));
+    c += CRLF + QStringLiteral("+set dmflags ") + QString::number(dmflagsForGame(in.dmflags, ctf));
     if (in.gameTypeCode == QLatin1String("DMT"))
         c += CRLF + QStringLiteral("+set players_per_team ") + in.playersPerTeam;
     c += CRLF + QStringLiteral("+set mapmod_random ") + flag(in.mapmodRandom);
@@ -217,6 +217,36 @@ SplitCommand splitCommandLine(const QString& text, bool dedicated)
     result.launchHead = text.left(n + 1);
     result.config = out.mid(n);
     return result;
+}
+
+QStringList splitHead(const QString& head, const QString& gamePath)
+{
+    QStringList words;
+    QString rest = head;
+    if (!gamePath.isEmpty() && (rest == gamePath || rest.startsWith(gamePath + QLatin1Char(' ')))) {
+        words << gamePath;
+        rest = rest.mid(gamePath.size());
+    }
+    QString word;
+    bool quoted = false;
+    bool inWord = false;
+    for (const QChar c : rest) {
+        if (c == QLatin1Char('"')) {
+            quoted = !quoted;
+            inWord = true;
+        } else if (c == QLatin1Char(' ') && !quoted) {
+            if (inWord)
+                words << word;
+            word.clear();
+            inWord = false;
+        } else {
+            word += c;
+            inWord = true;
+        }
+    }
+    if (inWord)
+        words << word;
+    return words;
 }
 
 } // namespace torvik

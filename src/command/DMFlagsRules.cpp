@@ -1,6 +1,6 @@
-#include "pages/DMFlagsRules.h"
+#include "command/DMFlagsRules.h"
 
-namespace pages {
+namespace torvik {
 namespace {
 
 struct Flag {
@@ -46,4 +46,4 @@ int sum(const DMFlagBoxes& boxes, bool ctf, bool friendlyFireWhenTicked)
 int dmflagsForTitle(const DMFlagBoxes& boxes, bool ctf) { return sum(boxes, ctf, false); }
 int dmflagsForGame(const DMFlagBoxes& boxes, bool ctf) { return sum(boxes, ctf, true); }
 
-} // namespace pages
+} // namespace torvik

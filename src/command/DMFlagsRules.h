@@ -4,7 +4,7 @@
 // players know the title that way, so both are kept.
 #include <map>
 
-namespace pages {
+namespace torvik {
 
 // Ticked state of the counted boxes by their number (2 to 14, 16, 19, 27 to
 // 29, 47); a box not in the map counts as unticked.
@@ -13,4 +13,4 @@ using DMFlagBoxes = std::map<int, bool>;
 int dmflagsForTitle(const DMFlagBoxes& boxes, bool ctf);
 int dmflagsForGame(const DMFlagBoxes& boxes, bool ctf);
 
-} // namespace pages
+} // namespace torvik

@@ -1,0 +1,117 @@
+#include "pages/AllDonePage.h"
+
+#include "command/Composer.h"
+#include "maps/MapCycles.h"
+#include "pages/StartMapPage.h"
+#include "pages/WizardState.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Process.h"
+#include "platform/ProgramContext.h"
+#include "platform/Timer.h"
+
+#include <QFile>
+
+namespace pages {
+
+AllDonePage::AllDonePage(QWidget* parent) : QWidget(parent)
+{
+    ui.setupUi(this);
+    connect(ui.Check26, &QCheckBox::toggled, this, &AllDonePage::showSaveChoice);
+    connect(ui.Start, &QPushButton::clicked, this, &AllDonePage::startGame);
+    Timer6 = new platform::Timer(this, 1500, false);
+    Timer6->setObjectName(QStringLiteral("Timer6"));
+    connect(Timer6, &platform::Timer::timeout, this, [this] {
+        ui.Start->setEnabled(true);
+        Timer6->setEnabled(false);
+    });
+}
+
+void AllDonePage::setStartMap(const StartMapPage* startMap) { startMap_ = startMap; }
+
+void AllDonePage::showSaveChoice(bool save)
+{
+    ui.Text6->setVisible(save);
+    ui.Label53->setVisible(save);
+    ui.Check44->setVisible(save);
+}
+
+bool AllDonePage::removeOldConfiguration()
+{
+    const platform::ProgramContext& context = platform::programContext;
+    const QString cfg = platform::resolvePath(platform::joinPath(context.programFolder, QStringLiteral("asdf.cfg")));
+    const QString launcherCfg =
+        platform::resolvePath(platform::joinPath(context.modFolder(), QStringLiteral("launcher.cfg")));
+    // Unlike the clean-up at start-up, this delete doesn't clear a read-only
+    // file, and the wizard can't go on with a configuration it can't replace.
+    // A file whose owner may not write it is read-only here, even where the
+    // folder would let it go and even for root.
+    auto removeWritable = [](const QString& path) {
+        return path.isEmpty() || ((QFile::permissions(path) & QFileDevice::WriteOwner) && QFile::remove(path));
+    };
+    if (!removeWritable(cfg) || !removeWritable(launcherCfg)) {
+        platform::msgBox(QStringLiteral("Error: Something has happened. Ending program!(1)"));
+        platform::exitProgram();
+        return false;
+    }
+    return true;
+}
+
+void AllDonePage::prepareLaunch(const QString& command, bool dedicated)
+{
+    const torvik::SplitCommand split = torvik::splitCommandLine(command, dedicated);
+    if (!split.ok) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Internal Error: Couldn't fix command line"));
+        return;
+    }
+    LaunchHead = split.launchHead;
+    const platform::ProgramContext& context = platform::programContext;
+    const QString home = platform::joinPath(context.programFolder, QStringLiteral("asdf.cfg"));
+    QString baseq2 = platform::resolvePath(platform::joinPath(context.gameFolder(), QStringLiteral("baseq2")));
+    if (baseq2.isEmpty())
+        baseq2 = platform::joinPath(context.gameFolder(), QStringLiteral("baseq2"));
+    const QString copy = platform::joinPath(baseq2, QStringLiteral("asdf.cfg"));
+    const QByteArray bytes = split.config.toUtf8();
+    QFile::remove(copy);
+    if (!platform::writeFile(home, bytes) || !QFile::copy(home, copy)) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Couldn't create internal command line!"));
+        return;
+    }
+    Timer6->setEnabled(true);
+}
+
+void AllDonePage::holdStart() { ui.Start->setEnabled(false); }
+
+// Saving the answers and the chosen map cycle come before the launch; a
+// single player game starts its map directly, the others run the head with
+// the configuration file.
+void AllDonePage::startGame()
+{
+    const platform::ProgramContext& context = platform::programContext;
+    const QString folder = context.gameFolder();
+    if (ui.Check26->isChecked() && ui.Check44->isChecked())
+        return;
+    if (!torvik::FixMapCycle(startMap_->chosenCycle(), startMap_->firstCycleRow()))
+        return;
+
+    platform::ProcessStart start;
+    if (wizardState.gameTypeCode == QLatin1String("SP")) {
+        start = platform::executableStart(context.quake2Location, {QStringLiteral("+map"), startMap_->chosenMap()},
+                                          folder);
+    } else {
+        QStringList words = torvik::splitHead(LaunchHead + QStringLiteral(" +exec asdf.cfg "), context.quake2Location);
+        const QString program = words.isEmpty() ? QString() : words.takeFirst();
+        start = platform::executableStart(program, words, folder);
+    }
+    if (start.program.isEmpty() || !platform::launcher().start(start)) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Couldn't run Quake2. Re-verify settings!"));
+        return;
+    }
+    if (ui.Check30->isChecked())
+        platform::exitProgram();
+}
+
+} // namespace pages

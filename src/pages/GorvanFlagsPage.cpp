@@ -1,0 +1,44 @@
+#include "pages/GorvanFlagsPage.h"
+
+#include "command/Composer.h"
+#include "pages/NumericBoxes.h"
+#include "platform/Controls.h"
+
+namespace pages {
+
+GorvanFlagsPage::GorvanFlagsPage(QWidget* parent) : QWidget(parent)
+{
+    ui.setupUi(this);
+    connect(ui.HScroll2, &QScrollBar::valueChanged, this, &GorvanFlagsPage::showSkillName);
+    platform::enableWhileChecked(ui.Check21, ui.Text5);
+    platform::enableWhileChecked(ui.Check32, ui.Text11);
+    AttachNumericBox(ui.Text5, FixedRule(1, 999, "1", {QStringLiteral("0000"), QStringLiteral("000"), QStringLiteral("00")}));
+    AttachNumericBox(ui.Text11, FixedRule(0, 40, "0"));
+}
+
+void GorvanFlagsPage::showSkillName(int skill)
+{
+    static const char* const names[] = {"Easy", "Medium", "Hard", "Very Hard"};
+    if (skill >= 0 && skill <= 3)
+        ui.Label31->setText(QString::fromLatin1(names[skill]));
+}
+
+void GorvanFlagsPage::allowTarzan(bool ctf) { ui.Check40->setEnabled(ctf); }
+
+void GorvanFlagsPage::readAnswersInto(torvik::ComposerInput& in) const
+{
+    in.skill = ui.HScroll2->value();
+    in.botChat = ui.Check25->isChecked();
+    in.autoSkill = ui.Check1->isChecked();
+    in.clientCommands = ui.Check24->isChecked();
+    in.connectInfo = ui.Check23->isChecked();
+    in.calcNodes = ui.Check22->isChecked();
+    in.freeSlotsOn = ui.Check32->isChecked();
+    in.freeSlots = ui.Text11->text();
+    in.tarzanEnabled = ui.Check40->isEnabled();
+    in.tarzan = ui.Check40->isChecked();
+    in.lagOn = ui.Check21->isChecked();
+    in.lag = ui.Text5->text();
+}
+
+} // namespace pages
