@@ -49,7 +49,7 @@ constexpr int kSettleRounds = 3;
 // Attempts to close modal forms left open when the scenario ends.
 constexpr int kCloseRounds = 50;
 
-enum class Kind { Option, Preparation, Action, Box, Check };
+enum class Kind { Option, Preparation, Action, Box, Check, Part };
 
 struct CommandInfo {
     const char* name;
@@ -86,6 +86,7 @@ const CommandInfo kCommands[] = {
     {"answer", Kind::Box, 3, 3},
     {"input", Kind::Box, 3, 3},
     {"check", Kind::Check, 2, -1},
+    {"fresh", Kind::Part, 0, 0},
 };
 
 const CommandInfo* findCommand(const QString& name)
@@ -165,6 +166,23 @@ QString listText(const QStringList& items)
     for (const QString& s : items)
         quoted.append(quoteText(s));
     return quoted.join(QStringLiteral(", "));
+}
+
+// The rows, tabs or menu items of a control that are enabled, in order.
+QString readEnabledItems(QObject* control, QStringList* found)
+{
+    QStringList rows;
+    if (QString e = ui::readRows(control, &rows); !e.isEmpty())
+        return e;
+    found->clear();
+    for (const QString& row : rows) {
+        bool on = false;
+        if (QString e = ui::readItemEnabled(control, row, &on); !e.isEmpty())
+            return e;
+        if (on)
+            found->append(row);
+    }
+    return QString();
 }
 
 QString yesNo(bool b) { return b ? QStringLiteral("yes") : QStringLiteral("no"); }
@@ -322,6 +340,7 @@ private:
     QString resolve(const QString& target, QObject** out, bool* formMissing = nullptr, bool* controlMissing = nullptr) const;
     QString changePermissions(const QString& path, bool readable, bool writable);
     QString lockPath() const { return root_ + QStringLiteral("/torvik.lock"); }
+    QString what() const { return opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario"); }
 
     QByteArray text_;
     QString name_;
@@ -421,6 +440,8 @@ bool Interpreter::prepareFolders()
 bool Interpreter::parse()
 {
     const QList<QByteArray> raw = text_.split('\n');
+    int part = 1;
+    int firstFresh = 0;
     for (qsizetype i = 0; i < raw.size(); ++i) {
         Line line;
         line.number = int(i) + 1;
@@ -439,9 +460,21 @@ bool Interpreter::parse()
             syntaxOk_ = false;
             continue;
         }
+        // Every line is checked, but only the lines of the part asked for run.
+        if (line.word(0) == QLatin1String("fresh")) {
+            ++part;
+            firstFresh = firstFresh ? firstFresh : line.number;
+            continue;
+        }
+        if (opt_.part != 0 && part != opt_.part)
+            continue;
         if (line.word(0) == QLatin1String("demo"))
             mixedCase_ = true;
         lines_.push_back(line);
+    }
+    if (firstFresh && opt_.part == 0 && syntaxOk_) {
+        fail(firstFresh, QStringLiteral("syntax: fresh needs torvik_scenario, which plays each part in a process of its own"));
+        syntaxOk_ = false;
     }
     return syntaxOk_;
 }
@@ -559,7 +592,8 @@ QString Interpreter::validateCheck(const Line& line) const
         return needBool(3);
     }
     if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
-        property == QLatin1String("marked") || property == QLatin1String("headers"))
+        property == QLatin1String("marked") || property == QLatin1String("headers") ||
+        property == QLatin1String("enabled-items"))
         return QString();
     if (property == QLatin1String("item-enabled")) {
         if (rest != 3)
@@ -720,6 +754,8 @@ void Interpreter::execute(const Line& line)
         return;
     case Kind::Check:
         doCheck(line);
+        return;
+    case Kind::Part:
         return;
     case Kind::Action:
         break;
@@ -1144,7 +1180,8 @@ void Interpreter::checkTarget(const Line& line)
         if (problem.isEmpty())
             compare(quoteText(line.word(3)), quoteText(found));
     } else if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
-               property == QLatin1String("marked") || property == QLatin1String("headers")) {
+               property == QLatin1String("marked") || property == QLatin1String("headers") ||
+               property == QLatin1String("enabled-items")) {
         QStringList expected;
         for (qsizetype i = 3; i < line.words.size(); ++i)
             expected.append(line.words[i].text());
@@ -1155,6 +1192,8 @@ void Interpreter::checkTarget(const Line& line)
             problem = ui::readSelectedRows(object, &found);
         else if (property == QLatin1String("marked"))
             problem = ui::readMarkedRows(object, &found);
+        else if (property == QLatin1String("enabled-items"))
+            problem = readEnabledItems(object, &found);
         else
             problem = ui::readHeaders(object, &found);
         if (problem.isEmpty())
@@ -1203,7 +1242,8 @@ ScenarioResult Interpreter::run()
         before.append(w);
 
     if (!prepareFolders() || !parse()) {
-        print(QStringLiteral("%1: scenario failed").arg(name_));
+        result_.mistakes = !syntaxOk_;
+        print(QStringLiteral("%1: %2 failed").arg(name_, what()));
         return result_;
     }
     QString error;
@@ -1211,7 +1251,7 @@ ScenarioResult Interpreter::run()
     demoOptions.mixedCase = mixedCase_;
     if (!demo::createDemoInstall(game_, &error, demoOptions)) {
         fail(0, QStringLiteral("can't make the demo install: %1").arg(error));
-        print(QStringLiteral("%1: scenario failed").arg(name_));
+        print(QStringLiteral("%1: %2 failed").arg(name_, what()));
         return result_;
     }
 
@@ -1268,7 +1308,7 @@ ScenarioResult Interpreter::run()
     dialogs_.reset();
 
     result_.passed = result_.failures.empty();
-    print(QStringLiteral("%1: scenario %2").arg(name_, result_.passed ? QStringLiteral("passed") : QStringLiteral("failed")));
+    print(QStringLiteral("%1: %2 %3").arg(name_, what(), result_.passed ? QStringLiteral("passed") : QStringLiteral("failed")));
     return result_;
 }
 
@@ -1293,6 +1333,18 @@ ScenarioResult runScenarioFile(const QString& path, const ScenarioOptions& optio
         return r;
     }
     return runScenario(f.readAll(), path, options);
+}
+
+int scenarioParts(const QByteArray& text)
+{
+    int parts = 1;
+    for (const QByteArray& raw : text.split('\n')) {
+        QList<Token> words;
+        QString error;
+        if (tokenizeLine(raw, {}, &words, &error) && words.size() == 1 && words[0].bytes == "fresh")
+            ++parts;
+    }
+    return parts;
 }
 
 void registerScenarioGlobal(const QString& name, std::function<QString()> read)
