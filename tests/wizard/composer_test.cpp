@@ -1,186 +1,157 @@
+// The game's command from the answers, its split into head and "asdf.cfg",
+// and the words the head is started with: a table each.
+#include "pages/DMFlagsRules.h"
 #include "wizard/Composer.h"
+#include "wizard/Launch.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace torvik;
 
 namespace {
 
-ComposerInput defaults()
-{
-    ComposerInput in;
-    in.quake2Location = QStringLiteral("/games/q2/quake2");
-    in.modShortName = QStringLiteral("gorvan");
-    in.map = QStringLiteral("q2dm1");
-    in.randomBotCount = QStringLiteral("0");
-    in.selectedCount = QStringLiteral("0");
-    in.dmflags = {{4, true}, {5, true}, {6, true}, {19, true}};
-    return in;
-}
+const QString kDefault = QStringLiteral(
+    "/games/q2/quake2 +set game gorvan  +set deathmatch 1\r\n+set teamplay 0\r\n+set skill 0\r\n+set view_weapons 0\r\n"
+    "+set cheats 0\r\n+set bot_chat 1\r\n+set bot_auto_skill 0\r\n+set bot_allow_client_commands 1\r\n"
+    "+set bot_show_connect_info 1\r\n+set bot_calc_nodes 0\r\n+set dmflags 0\r\n+set mapmod_random 0\r\n"
+    "+set bot_tarzan 0\r\n+set allow_download 0\r\n+map q2dm1");
 
-TEST(Composer, DefaultDeathMatchCommand)
+// Each row changes the default answers and names a block of lines the
+// command must hold and words it mustn't. The scenarios walk the common
+// commands through the pages; these are the corners.
+TEST(Composer, Commands)
 {
-    EXPECT_EQ(GetCmdLine(defaults()),
-              QStringLiteral("/games/q2/quake2 +set game gorvan  +set deathmatch 1\r\n"
-                             "+set teamplay 0\r\n+set skill 0\r\n+set view_weapons 0\r\n+set cheats 0\r\n"
-                             "+set bot_chat 1\r\n+set bot_auto_skill 0\r\n+set bot_allow_client_commands 1\r\n"
-                             "+set bot_show_connect_info 1\r\n+set bot_calc_nodes 0\r\n+set dmflags 0\r\n"
-                             "+set mapmod_random 0\r\n+set bot_tarzan 0\r\n+set allow_download 0\r\n+map q2dm1"));
-}
-
-TEST(Composer, DedicatedStandsBeforeTheGameAndCustomOptionsFollowDeathmatch)
-{
-    ComposerInput in = defaults();
-    in.dedicated = true;
-    in.customOptions = {{true, QStringLiteral("set gravity{}400{}1:Low Gravity")},
-                        {false, QStringLiteral("set sv_x{}1{}0:Off")},
-                        {true, QStringLiteral("alias go{}\"+attack\"{}0:Go")}};
-    const QString c = GetCmdLine(in);
-    EXPECT_TRUE(c.startsWith(QStringLiteral("/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n"
-                                            "+set gravity 400\r\n+alias go \"+attack\"\r\n+set teamplay 0")))
-        << qPrintable(c);
-}
-
-TEST(Composer, CtfAutoTeamsDropMaxClientsRandomBotsAndTheSpecialTeams)
-{
-    ComposerInput in = defaults();
-    in.gameTypeCode = QStringLiteral("CTF");
-    in.maxPlayersOn = true;
-    in.maxPlayers = QStringLiteral("16");
-    in.randomBotCount = QStringLiteral("5");
-    in.captureLimitOn = true;
-    in.captureLimit = QStringLiteral("10");
-    const QString without = GetCmdLine(in);
-    EXPECT_TRUE(without.contains(QStringLiteral("+set maxclients 16")));
-    EXPECT_TRUE(without.contains(QStringLiteral("+set bot_num 5")));
-    EXPECT_TRUE(without.contains(QStringLiteral("+set capturelimit 10\r\n")));
-    in.specialTeams = true;
-    in.specialTeamsBots = QStringLiteral("2");
-    in.humanOnlyTeams = true;
-    EXPECT_TRUE(GetCmdLine(in).contains(
-        QStringLiteral("+set ctf 1\r\n+set ctf_special_teams 2\r\n+set ctf_humanonly_teams 1\r\n")));
-    in.ctfAutoTeams = true;
-    in.ctfTeamSize = QStringLiteral("5");
-    const QString with = GetCmdLine(in);
-    EXPECT_FALSE(with.contains(QStringLiteral("maxclients")));
-    EXPECT_FALSE(with.contains(QStringLiteral("bot_num")));
-    EXPECT_TRUE(with.contains(QStringLiteral("+set ctf_auto_teams 5")));
-    EXPECT_FALSE(with.contains(QStringLiteral("ctf_special_teams")));
-    EXPECT_FALSE(with.contains(QStringLiteral("ctf_humanonly_teams")));
+    struct Row {
+        const char* what;
+        std::function<void(ComposerInput&)> change;
+        QString block;
+        QStringList absent;
+    };
+    const Row rows[] = {
+        {"defaults", [](ComposerInput&) {}, kDefault, {"rate", "bot_num", "+sv"}},
+        {"dedicated, then the ticked custom options",
+         [](ComposerInput& in) {
+             in.dedicated = true;
+             in.customOptions = {{true, "set gravity{}400{}1:Low Gravity"}, {false, "set sv_x{}1{}0:Off"},
+                                 {true, "alias go{}\"+attack\"{}0:Go"}};
+         },
+         "/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n+set gravity 400\r\n"
+         "+alias go \"+attack\"\r\n+set teamplay 0",
+         {"sv_x"}},
+        {"CTF automatic teams leave out what they decide",
+         [](ComposerInput& in) {
+             in.gameTypeCode = "CTF"; in.maxPlayersOn = true; in.maxPlayers = "16"; in.randomBotCount = "5";
+             in.specialTeams = true; in.humanOnlyTeams = true; in.ctfAutoTeams = true; in.ctfTeamSize = "5";
+         },
+         "+set ctf_auto_teams 5\r\n", {"maxclients", "bot_num", "ctf_special_teams", "ctf_humanonly_teams"}},
+        {"team game with only the own team",
+         [](ComposerInput& in) {
+             in.gameTypeCode = "DMT"; in.ownTeam = "Red"; in.teamRows = {"Blue", "Red"}; in.teamSelected = {false, true};
+         },
+         "+set teamplay 1\r\n", {"+cmd join", "+sv teams"}},
+        {"bots by hand, none chosen",
+         [](ComposerInput& in) { in.specificBots = true; in.selectedBots = {"Alpha"}; }, "+map q2dm1", {"+sv"}},
+        {"CTF teams by hand, only a blue list",
+         [](ComposerInput& in) {
+             in.gameTypeCode = "CTF"; in.specificBots = true; in.selectedCount = "2"; in.specificTeams = true;
+             in.blueBots = {"Alpha", "Bravo"}; in.teamChoice = 2;
+         },
+         "+map q2dm1 \r\n+sv bluebots Alpha Bravo\r\n+cmd team blue", {"redbots"}},
+    };
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.what);
+        ComposerInput in;
+        in.quake2Location = "/games/q2/quake2";
+        in.modShortName = "gorvan";
+        in.map = "q2dm1";
+        in.randomBotCount = "0";
+        in.selectedCount = "0";
+        in.dmflags = {{4, true}, {5, true}, {6, true}, {19, true}};
+        r.change(in);
+        const QString command = GetCmdLine(in);
+        EXPECT_TRUE(command.contains(r.block)) << command.toStdString();
+        for (const QString& word : r.absent)
+            EXPECT_FALSE(command.contains(word)) << word.toStdString();
+    }
 }
 
 TEST(Composer, DmflagsSentReadFriendlyFireTheOtherWayFromTheTitle)
 {
-    pages::DMFlagBoxes boxes{{4, true}, {5, true}, {6, true}, {19, true}};
-    EXPECT_EQ(pages::dmflagsForTitle(boxes, false), 256);
-    EXPECT_EQ(pages::dmflagsForGame(boxes, false), 0);
-    boxes = {{4, false}, {5, false}, {6, false}, {19, false}, {13, true}};
-    EXPECT_EQ(pages::dmflagsForTitle(boxes, false), 2059);
-    EXPECT_EQ(pages::dmflagsForGame(boxes, false), 2315);
     pages::DMFlagBoxes all;
     for (int b : {2, 3, 7, 8, 9, 10, 11, 12, 14, 16, 47, 27, 28, 29})
         all[b] = true;
-    EXPECT_EQ(pages::dmflagsForTitle(all, true), 983039);
-    EXPECT_EQ(pages::dmflagsForTitle(all, false), 983039 - 131072 - 262144 - 524288);
+    const struct {
+        pages::DMFlagBoxes boxes;
+        bool ctf;
+        int title;
+        int game;
+    } rows[] = {
+        {{{4, true}, {5, true}, {6, true}, {19, true}}, false, 256, 0},
+        {{{4, false}, {5, false}, {6, false}, {19, false}, {13, true}}, false, 2059, 2315},
+        {all, true, 983039, 983039 - 256},
+        {all, false, 983039 - 131072 - 262144 - 524288, 983039 - 131072 - 262144 - 524288 - 256},
+    };
+    for (const auto& r : rows) {
+        EXPECT_EQ(pages::dmflagsForTitle(r.boxes, r.ctf), r.title);
+        EXPECT_EQ(pages::dmflagsForGame(r.boxes, r.ctf), r.game);
+    }
 }
 
-TEST(Composer, TeamGameJoinsOwnTeamBeforeTheEnemyTeams)
+// The cut falls behind "deathmatch 1" (one further for a dedicated server);
+// the rest loses the "+" that lead its tokens, but not those inside quotes
+// or behind an alias.
+TEST(Composer, Split)
 {
-    ComposerInput in = defaults();
-    in.gameTypeCode = QStringLiteral("DMT");
-    in.playersPerTeam = QStringLiteral("4");
-    in.ownTeam = QStringLiteral("Red");
-    in.teamRows = {QStringLiteral("Blue"), QStringLiteral("Red"), QStringLiteral("Green")};
-    in.teamSelected = {true, true, true};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd join Red\r\n+sv teams Blue Green")));
-    EXPECT_TRUE(GetCmdLine(in).contains(QStringLiteral("+set teamplay 1")));
-    EXPECT_TRUE(GetCmdLine(in).contains(QStringLiteral("+set players_per_team 4")));
-    in.teamSelected = {false, true, false};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
-    in.teamSelected = {false, false, false};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
+    const struct {
+        QString command;
+        bool dedicated;
+        QString head;
+        QString config;
+    } rows[] = {
+        {kDefault, false, "/games/q2/quake2 +set game gorvan  +set deathmatch 1",
+         "\nset teamplay 0\r\nset skill 0\r\nset view_weapons 0\r\nset cheats 0\r\nset bot_chat 1\r\nset bot_auto_skill 0\r\n"
+         "set bot_allow_client_commands 1\r\nset bot_show_connect_info 1\r\nset bot_calc_nodes 0\r\nset dmflags 0\r\n"
+         "set mapmod_random 0\r\nset bot_tarzan 0\r\nset allow_download 0\r\nmap q2dm1"},
+        {"/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n+set teamplay 0", true,
+         "/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1", "set teamplay 0"},
+        {"q2 +set game g +set deathmatch 1\r\n+set name \"A+B\"\r\n+alias go +attack\r\n+set x 1", false,
+         "q2 +set game g +set deathmatch 1",
+         "\nset name \"A+B\"\r\nalias go +attack\r\nset x 1"},
+        // Only the last two letters of "alias" need to stand together.
+        {"q2 +set game g +set deathmatch 1\r\n+a_l_i_as +x +y", false, "q2 +set game g +set deathmatch 1",
+         "\na_l_i_as +x y"},
+        // An edited head without "deathmatch 1" still passes, cut twelve
+        // characters in; a plus in the path shifts the head's end.
+        {"/q2/quake2 +set game gorvan\r\n+map q2dm1", false, "/q2/quake2 +s", "et game gorvan\r\nmap q2dm1"},
+        {"/q+2/quake2 +set game gorvan  +set deathmatch 1\r\n+map x", false, "/q+2/quake2 +set game gorvan  +set deathmatch ",
+         "\nmap x"},
+    };
+    for (const auto& r : rows) {
+        const SplitCommand s = splitCommandLine(r.command, r.dedicated);
+        EXPECT_TRUE(s.ok) << r.command.toStdString();
+        EXPECT_EQ(s.launchHead.toStdString(), r.head.toStdString());
+        EXPECT_EQ(s.config.toStdString(), r.config.toStdString());
+    }
 }
 
-TEST(Composer, SpecificBotsAndCtfTeamChoice)
+TEST(Composer, HeadWords)
 {
-    ComposerInput in = defaults();
-    in.specificBots = true;
-    in.selectedCount = QStringLiteral("2");
-    in.selectedBots = {QStringLiteral("Alpha"), QStringLiteral("Bravo")};
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+sv bots Alpha Bravo")));
-
-    in.gameTypeCode = QStringLiteral("CTF");
-    in.specificTeams = true;
-    in.redBots = {QStringLiteral("Alpha")};
-    in.blueBots = {QStringLiteral("Bravo")};
-    in.teamChoice = 2;
-    EXPECT_TRUE(GetCmdLine(in).endsWith(
-        QStringLiteral("\r\n+sv redbots Alpha \r\n+sv bluebots Bravo\r\n+cmd team blue")));
-
-    in.selectedCount = QStringLiteral("0");
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1")));
-    in.specificBots = false;
-    in.teamChoice = 1;
-    EXPECT_TRUE(GetCmdLine(in).endsWith(QStringLiteral("+map q2dm1\r\n+cmd team red")));
-}
-
-TEST(Composer, RateDownloadsAndConnect)
-{
-    ComposerInput in = defaults();
-    in.rateText = QStringLiteral("Duel ISDN");
-    in.rateIndex = 5;
-    in.downloads = true;
-    in.downloadSounds = false;
-    in.connect = true;
-    in.address[0] = QStringLiteral("192");
-    in.address[1] = QStringLiteral("168");
-    in.address[2] = QStringLiteral("0");
-    in.address[3] = QStringLiteral("7");
-    const QString c = GetCmdLine(in);
-    EXPECT_TRUE(c.contains(QStringLiteral("+set rate 10000\r\n")));
-    EXPECT_TRUE(c.contains(QStringLiteral("+set allow_download 1\r\n+set allow_download_maps 1\r\n"
-                                          "+set allow_download_models 1\r\n+set allow_download_sounds 0\r\n"
-                                          "+set allow_download_players 1\r\n+set connect \"192.168.0.7\"\r\n+map")));
-    in.rateIndex = 0;
-    EXPECT_FALSE(GetCmdLine(in).contains(QStringLiteral("+set rate")));
-}
-
-TEST(Split, HeadEndsAtDeathmatchAndTheRestLosesLeadingPlusSigns)
-{
-    const SplitCommand s = splitCommandLine(GetCmdLine(defaults()), false);
-    ASSERT_TRUE(s.ok);
-    EXPECT_EQ(s.launchHead, QStringLiteral("/games/q2/quake2 +set game gorvan  +set deathmatch 1"));
-    EXPECT_TRUE(s.config.startsWith(QStringLiteral("\nset teamplay 0\r\nset skill 0\r\n")));
-    EXPECT_TRUE(s.config.endsWith(QStringLiteral("\r\nmap q2dm1")));
-    EXPECT_FALSE(s.config.contains(QLatin1Char('+')));
-}
-
-TEST(Split, DedicatedShiftsTheCutByOne)
-{
-    ComposerInput in = defaults();
-    in.dedicated = true;
-    const SplitCommand s = splitCommandLine(GetCmdLine(in), true);
-    EXPECT_EQ(s.launchHead, QStringLiteral("/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1"));
-    EXPECT_TRUE(s.config.startsWith(QStringLiteral("set teamplay 0\r\n")));
-}
-
-TEST(Split, QuotedPlusAndAliasPlusStay)
-{
-    const QString text = QStringLiteral("q2 +set deathmatch 1\r\n+set name \"A+B\"\r\n+alias go +attack\r\n+set x 1");
-    const SplitCommand s = splitCommandLine(text, false);
-    EXPECT_EQ(s.config, QStringLiteral("\nset name \"A+B\"\r\nalias go +attack\r\nset x 1"));
-    // The letters of "alias" need not stand together, only the last two.
-    const SplitCommand loose = splitCommandLine(QStringLiteral("q2 +set deathmatch 1\r\n+a_l_i_as +x +y"), false);
-    EXPECT_EQ(loose.config, QStringLiteral("\na_l_i_as +x y"));
-}
-
-TEST(Split, AnEditedHeadWithoutDeathmatchStillPassesAndAPlusInThePathShiftsTheCut)
-{
-    const SplitCommand none = splitCommandLine(QStringLiteral("/q2/quake2 +set game gorvan\r\n+map q2dm1"), false);
-    ASSERT_TRUE(none.ok);
-    EXPECT_EQ(none.launchHead, QStringLiteral("/q2/quake2 +s"));
-    const SplitCommand plus = splitCommandLine(QStringLiteral("/q+2/quake2 +set game gorvan  +set deathmatch 1\r\n+map x"), false);
-    EXPECT_EQ(plus.launchHead, QStringLiteral("/q+2/quake2 +set game gorvan  +set deathmatch "));
+    const struct {
+        QString head;
+        QStringList words;
+    } rows[] = {
+        // The game's path is one word, blanks and all.
+        {"/games/quake 2/quake2 +set game gorvan  +exec asdf.cfg ",
+         {"/games/quake 2/quake2", "+set", "game", "gorvan", "+exec", "asdf.cfg"}},
+        {"\"/my games/q2\" +set name \"Big Bob\" +x \"\"", {"/my games/q2", "+set", "name", "Big Bob", "+x", ""}},
+        // An edited head that no longer starts with the game is split plainly.
+        {"/games/quake 2/quake2x +set a", {"/games/quake", "2/quake2x", "+set", "a"}},
+        {"   ", {}},
+    };
+    for (const auto& r : rows)
+        EXPECT_EQ(splitHead(r.head, "/games/quake 2/quake2"), r.words) << r.head.toStdString();
 }
 
 } // namespace

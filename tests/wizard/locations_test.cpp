@@ -1,6 +1,6 @@
-#include "platform/Files.h"
+// The location files: one quoted record with CR LF; anything else counts as
+// missing, and a rewrite keeps the spelling of the file that is there.
 #include "wizard/Globals.h"
-#include "wizard/Launch.h"
 #include "wizard/Locations.h"
 
 #include <QDir>
@@ -12,85 +12,34 @@ using namespace torvik;
 
 namespace {
 
-void write(const QString& path, const QByteArray& data)
+TEST(Locations, Records)
 {
-    QFile f(path);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(data);
+    const std::pair<QByteArray, QString> rows[] = {
+        {"\"/games/quake 2/quake2\"\r\n", "/games/quake 2/quake2"},
+        {"\"/q2/quake2\"", "/q2/quake2"},
+        {"\"/q2/quake2\"\n", "/q2/quake2"},
+        {"", ""},
+        {"\"\"\r\n", ""},
+        {"/q2/quake2\r\n", ""},
+        {"\"/q2/qua", ""},
+        {QByteArray("\"/q2\0x\"", 7), ""},
+        {"\"/q2\r\nquake2\"\r\n", ""},
+    };
+    for (const auto& [bytes, value] : rows)
+        EXPECT_EQ(parseLocationRecord(bytes), value) << bytes.toStdString();
+    EXPECT_EQ(locationRecord("/a b/GAMEX86.DLL"), QByteArray("\"/a b/GAMEX86.DLL\"\r\n"));
 }
 
-TEST(LocationRecord, ReadsTheQuotedValue)
-{
-    EXPECT_EQ(parseLocationRecord("\"/games/quake 2/quake2\"\r\n"), QStringLiteral("/games/quake 2/quake2"));
-    EXPECT_EQ(parseLocationRecord("\"/q2/quake2\""), QStringLiteral("/q2/quake2"));
-    EXPECT_EQ(parseLocationRecord("\"/q2/quake2\"\n"), QStringLiteral("/q2/quake2"));
-}
-
-TEST(LocationRecord, DamagedFilesCountAsMissing)
-{
-    EXPECT_TRUE(parseLocationRecord("").isEmpty());
-    EXPECT_TRUE(parseLocationRecord("\"\"\r\n").isEmpty());
-    EXPECT_TRUE(parseLocationRecord("/q2/quake2\r\n").isEmpty());       // unquoted
-    EXPECT_TRUE(parseLocationRecord("\"/q2/qua").isEmpty());             // cut off
-    EXPECT_TRUE(parseLocationRecord(QByteArray("\"/q2\0x\"", 7)).isEmpty()); // binary
-    EXPECT_TRUE(parseLocationRecord("\"/q2\r\nquake2\"\r\n").isEmpty());
-}
-
-TEST(LocationRecord, WritesQuotedValueWithCrLfAndReadsItBack)
-{
-    EXPECT_EQ(locationRecord(QStringLiteral("/a b/GAMEX86.DLL")), QByteArray("\"/a b/GAMEX86.DLL\"\r\n"));
-    QTemporaryDir tmp;
-    ProgramFolder = tmp.path();
-    ASSERT_TRUE(writeLocationFile(QStringLiteral("quake2.loc"), QStringLiteral("/x y/quake2")));
-    EXPECT_EQ(readLocationFile(tmp.path() + QStringLiteral("/QUAKE2.LOC")), QStringLiteral("/x y/quake2"));
-}
-
-TEST(LocationRecord, RewritesAnExistingFileUnderItsOwnSpelling)
+TEST(Locations, RewriteKeepsTheSpellingOnDisk)
 {
     QTemporaryDir tmp;
     ProgramFolder = tmp.path();
-    write(tmp.path() + QStringLiteral("/QUAKE2.LOC"), "\"/old/quake2\"\r\n");
-    ASSERT_TRUE(writeLocationFile(QStringLiteral("quake2.loc"), QStringLiteral("/new/quake2")));
-    EXPECT_EQ(QDir(tmp.path()).entryList(QDir::Files), QStringList{QStringLiteral("QUAKE2.LOC")});
-    EXPECT_EQ(readLocationFile(tmp.path() + QStringLiteral("/quake2.loc")), QStringLiteral("/new/quake2"));
-}
-
-TEST(DerivedFolders, GameAndModFoldersComeFromTheLocations)
-{
-    Quake2Location = QStringLiteral("/games/quake 2/quake2");
-    GorvanLocation = QStringLiteral("/games/quake 2/gorvan/GAMEX86.DLL");
-    EXPECT_EQ(gameFolder(), QStringLiteral("/games/quake 2"));
-    EXPECT_EQ(modFolder(), QStringLiteral("/games/quake 2/gorvan"));
-    EXPECT_EQ(modShortName(), QStringLiteral("gorvan"));
-    GorvanLocation = QStringLiteral("/GAMEX86.DLL");
-    EXPECT_EQ(modFolder(), QStringLiteral("/"));
-}
-
-TEST(KillFiles, RemovesLeftoversEvenReadOnlyAndKeepsOtherFiles)
-{
-    QTemporaryDir tmp;
-    const QString program = tmp.path() + QStringLiteral("/prog");
-    const QString game = tmp.path() + QStringLiteral("/game");
-    QDir().mkpath(program);
-    QDir().mkpath(game + QStringLiteral("/BaseQ2"));
-    QDir().mkpath(game + QStringLiteral("/gorvan"));
-    ProgramFolder = program;
-    Quake2Location = game + QStringLiteral("/quake2");
-    GorvanLocation = game + QStringLiteral("/gorvan/GAMEX86.DLL");
-    write(program + QStringLiteral("/ASDF.CFG"), "a");
-    write(game + QStringLiteral("/BaseQ2/asdf.cfg"), "b");
-    QFile::setPermissions(game + QStringLiteral("/BaseQ2/asdf.cfg"), QFile::ReadOwner);
-    write(game + QStringLiteral("/gorvan/Launcher.cfg"), "c");
-    write(game + QStringLiteral("/gorvan/asdf.cfg"), "d");
-    write(game + QStringLiteral("/gorvan/bots.cfg"), "keep");
-
-    KillFiles();
-
-    EXPECT_FALSE(platform::fileExists(program + QStringLiteral("/asdf.cfg")));
-    EXPECT_FALSE(platform::fileExists(game + QStringLiteral("/baseq2/asdf.cfg")));
-    EXPECT_FALSE(platform::fileExists(game + QStringLiteral("/gorvan/launcher.cfg")));
-    EXPECT_FALSE(platform::fileExists(game + QStringLiteral("/gorvan/asdf.cfg")));
-    EXPECT_TRUE(platform::fileExists(game + QStringLiteral("/gorvan/bots.cfg")));
+    ASSERT_TRUE(writeLocationFile("quake2.loc", "/x y/quake2"));
+    EXPECT_EQ(readLocationFile(tmp.path() + "/QUAKE2.LOC"), "/x y/quake2");
+    QFile::rename(tmp.path() + "/quake2.loc", tmp.path() + "/QUAKE2.LOC");
+    ASSERT_TRUE(writeLocationFile("quake2.loc", "/new/quake2"));
+    EXPECT_EQ(QDir(tmp.path()).entryList(QDir::Files), QStringList{"QUAKE2.LOC"});
+    EXPECT_EQ(readLocationFile(tmp.path() + "/quake2.loc"), "/new/quake2");
 }
 
 } // namespace
