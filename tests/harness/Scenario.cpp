@@ -73,6 +73,7 @@ const CommandInfo kCommands[] = {
     {"unreadable", Kind::Preparation, 1, 1},
     {"start", Kind::Action, 0, 0},
     {"click", Kind::Action, 1, 2},
+    {"choose", Kind::Action, 2, 2},
     {"right-click", Kind::Action, 1, 2},
     {"double-click", Kind::Action, 1, 2},
     {"set", Kind::Action, 2, 2},
@@ -470,6 +471,15 @@ bool Interpreter::parse()
             continue;
         if (line.word(0) == QLatin1String("demo"))
             mixedCase_ = true;
+        if (line.word(0) == QLatin1String("choose")) {
+            // Two clicks, the second one inside the menu the first one opens.
+            Line menu = line;
+            menu.words = {Token{"click", false}, line.words[1]};
+            lines_.push_back(menu);
+            menu.words = {Token{"click", false}, Token{"popup", false}, line.words[2]};
+            lines_.push_back(menu);
+            continue;
+        }
         lines_.push_back(line);
     }
     if (firstFresh && opt_.part == 0 && syntaxOk_) {
