@@ -1,6 +1,6 @@
 // The map trees and the cycle editor's lists: which categories stand, found
-// by their place; the duplicate check's quirks; the random pick; and the
-// rules of cycle files and their titles.
+// by their place, and the duplicate check's quirks; then the rules of cycle
+// files and their titles.
 #include "PakBuilder.h"
 #include "maps/MapCatalogue.h"
 #include "maps/MapCycles.h"
@@ -8,8 +8,6 @@
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
-
-#include <utility>
 
 using namespace torvik;
 using namespace mapstest;
@@ -115,40 +113,6 @@ TEST(MapsTree, DuplicateCheck)
             EXPECT_EQ(r.two, r.twoAfter);
             EXPECT_EQ(r.three, r.threeAfter);
         }
-    }
-}
-
-// r = the whole part of the value times the node count, drawn again on 0 or
-// a category; the last node can't come out.
-TEST(MapsTree, RandomPick)
-{
-    const MapTree sp = singlePlayerMapTree(); // 41 nodes: the category, Base1 .. Boss2
-    MapTree lone = mapTreeRoots();
-    lone.addMap(kExternalMapsKey, "only");
-    MapTree two = lone;
-    two.addMap(kExternalMapsKey, "last");
-    const struct {
-        const MapTree& tree;
-        QList<double> draws;
-        QString picked;
-    } rows[] = {
-        {sp, {0.0, 0.02, 0.025, 0.9999}, "Boss1"},
-        {sp, {0.0487, 0.049}, "Base1"},
-        {two, {0.9}, "only"},
-        {lone, {0.5}, ""},
-        {MapTree{}, {0.5}, ""},
-    };
-    for (const auto& r : rows) {
-        QList<double> draws = r.draws;
-        EXPECT_EQ(r.tree.nodeText(pickRandomNode(r.tree, [&] { return draws.isEmpty() ? 0.5 : draws.takeFirst(); })),
-                  r.picked);
-        EXPECT_TRUE(draws.isEmpty() || r.picked.isEmpty());
-    }
-    for (int k = 0; k < 4100; ++k) {
-        double value = k / 4100.0;
-        const int r = pickRandomNode(sp, [&value] { return std::exchange(value, 0.5); });
-        ASSERT_GE(r, 2);
-        ASSERT_LE(r, 40);
     }
 }
 

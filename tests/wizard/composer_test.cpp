@@ -1,6 +1,5 @@
 // The game's command from the answers, its split into head and "asdf.cfg",
 // and the words the head is started with: a table each.
-#include "pages/DMFlagsRules.h"
 #include "wizard/Composer.h"
 #include "wizard/Launch.h"
 
@@ -74,28 +73,6 @@ TEST(Composer, Commands)
         EXPECT_TRUE(command.contains(r.block)) << command.toStdString();
         for (const QString& word : r.absent)
             EXPECT_FALSE(command.contains(word)) << word.toStdString();
-    }
-}
-
-TEST(Composer, DmflagsSentReadFriendlyFireTheOtherWayFromTheTitle)
-{
-    pages::DMFlagBoxes all;
-    for (int b : {2, 3, 7, 8, 9, 10, 11, 12, 14, 16, 47, 27, 28, 29})
-        all[b] = true;
-    const struct {
-        pages::DMFlagBoxes boxes;
-        bool ctf;
-        int title;
-        int game;
-    } rows[] = {
-        {{{4, true}, {5, true}, {6, true}, {19, true}}, false, 256, 0},
-        {{{4, false}, {5, false}, {6, false}, {19, false}, {13, true}}, false, 2059, 2315},
-        {all, true, 983039, 983039 - 256},
-        {all, false, 983039 - 131072 - 262144 - 524288, 983039 - 131072 - 262144 - 524288 - 256},
-    };
-    for (const auto& r : rows) {
-        EXPECT_EQ(pages::dmflagsForTitle(r.boxes, r.ctf), r.title);
-        EXPECT_EQ(pages::dmflagsForGame(r.boxes, r.ctf), r.game);
     }
 }
 
