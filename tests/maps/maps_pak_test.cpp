@@ -44,7 +44,7 @@ TEST(MapsPak, Directories)
         QStringList editor;
         F editorFailure;
     };
-    const QByteArray three = entry("maps/a.bsp") + entry("maps/b.bsp") + entry("maps/c.bsp") + entry("maps/d.bsp");
+    const QByteArray four = entry("maps/a.bsp") + entry("maps/b.bsp") + entry("maps/c.bsp") + entry("maps/d.bsp");
     const QByteArray full = pak({"maps/dm1.bsp"});
     const qint32 size = qint32(full.size());
     QList<QByteArray> many;
@@ -86,7 +86,7 @@ TEST(MapsPak, Directories)
         {-1, {}, {}},                                 {INT_MIN, {}, {}},
     };
     for (const auto& [length, catalogue, editor] : lengths)
-        rows.append({QStringLiteral("directory length %1").arg(length), header(16, length) + "IBSP" + three, catalogue,
+        rows.append({QStringLiteral("directory length %1").arg(length), header(16, length) + "IBSP" + four, catalogue,
                      F::None, editor, F::None});
     for (const auto& [offset, length] : {std::pair{size, 64}, {size + 1000, 64}, {INT_MAX, INT_MAX}, {INT_MAX - 10, 640}})
         rows.append({QStringLiteral("directory at %1 past the end").arg(offset), header(offset, length) + full.mid(12), {},

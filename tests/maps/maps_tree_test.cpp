@@ -1,6 +1,5 @@
-// The map trees and the cycle editor's lists: which categories stand, found
-// by their place, and the duplicate check's quirks; then the rules of cycle
-// files and their titles.
+// Which categories of the starting map tree stand, found by their place; the
+// cycle editor's duplicate check; the rules of cycle files and titles.
 #include "PakBuilder.h"
 #include "maps/MapCatalogue.h"
 #include "maps/MapCycles.h"
@@ -60,28 +59,6 @@ TEST(MapsTree, StartingMapPageCategories)
         EXPECT_EQ(NoInternalPakMaps, r.baseShown ? 0 : 1);
         EXPECT_EQ(NoGorvanPakMaps, r.modShown ? 0 : 1);
         EXPECT_EQ(MapCatalogueCount, int(r.basePak) + int(r.modPak) + int(r.loose));
-    }
-}
-
-TEST(MapsTree, EditorCategories)
-{
-    const struct {
-        QStringList one, two, three, categories;
-    } rows[] = {
-        {{}, {}, {}, {I}},
-        {{"b"}, {}, {}, {I, B}},
-        {{}, {}, {"g"}, {I, G}},
-        {{}, {"e"}, {}, {I, E}},
-        {{"b"}, {"e"}, {}, {I, B, E}},
-        {{}, {"e"}, {"g"}, {I, G, E}},
-        {{"b"}, {}, {"g"}, {I, B, G}},
-    };
-    for (const auto& r : rows) {
-        MapTree tree = mapTreeRoots();
-        LoadDef(tree);
-        mapeditor::AddRestofNodes(tree, r.one, r.two, r.three);
-        EXPECT_EQ(categories(tree), r.categories);
-        EXPECT_EQ(tree.nodeCount(), r.categories.size() + 40 + r.one.size() + r.two.size() + r.three.size());
     }
 }
 
