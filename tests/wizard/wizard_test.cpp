@@ -1,7 +1,9 @@
-// The game's command from the answers, its split into head and "asdf.cfg",
-// and the words the head is started with: a table each.
+// The wizard core's grammars, a table each: the game's command from the
+// answers, its split into head and "asdf.cfg", the words the head is started
+// with, and the location files' records.
 #include "wizard/Composer.h"
 #include "wizard/Launch.h"
+#include "wizard/Locations.h"
 
 #include <gtest/gtest.h>
 
@@ -39,12 +41,6 @@ TEST(Composer, Commands)
          "/games/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n+set gravity 400\r\n"
          "+alias go \"+attack\"\r\n+set teamplay 0",
          {"sv_x"}},
-        {"CTF automatic teams leave out what they decide",
-         [](ComposerInput& in) {
-             in.gameTypeCode = "CTF"; in.maxPlayersOn = true; in.maxPlayers = "16"; in.randomBotCount = "5";
-             in.specialTeams = true; in.humanOnlyTeams = true; in.ctfAutoTeams = true; in.ctfTeamSize = "5";
-         },
-         "+set ctf_auto_teams 5\r\n", {"maxclients", "bot_num", "ctf_special_teams", "ctf_humanonly_teams"}},
         {"team game with only the own team",
          [](ComposerInput& in) {
              in.gameTypeCode = "DMT"; in.ownTeam = "Red"; in.teamRows = {"Blue", "Red"}; in.teamSelected = {false, true};
@@ -129,6 +125,25 @@ TEST(Composer, HeadWords)
     };
     for (const auto& r : rows)
         EXPECT_EQ(splitHead(r.head, "/games/quake 2/quake2"), r.words) << r.head.toStdString();
+}
+
+// Anything but one quoted value counts as a missing file.
+TEST(Locations, Records)
+{
+    const std::pair<QByteArray, QString> rows[] = {
+        {"\"/games/quake 2/quake2\"\r\n", "/games/quake 2/quake2"},
+        {"\"/q2/quake2\"", "/q2/quake2"},
+        {"\"/q2/quake2\"\n", "/q2/quake2"},
+        {"", ""},
+        {"\"\"\r\n", ""},
+        {"/q2/quake2\r\n", ""},
+        {"\"/q2/qua", ""},
+        {QByteArray("\"/q2\0x\"", 7), ""},
+        {"\"/q2\r\nquake2\"\r\n", ""},
+    };
+    for (const auto& [bytes, value] : rows)
+        EXPECT_EQ(parseLocationRecord(bytes), value) << bytes.toStdString();
+    EXPECT_EQ(locationRecord("/a b/GAMEX86.DLL"), QByteArray("\"/a b/GAMEX86.DLL\"\r\n"));
 }
 
 } // namespace
