@@ -65,10 +65,8 @@ TEST(BotsFile, BotRows)
         // Bad, missing or oversized values, and rows never closed.
         {head + "5 3 x 7 1 0 100", false, {}},
         {head + "5 3 3 7 1 0", false, {}},
-        {head + "5 3 3 7 1 0 ", false, {}},
         {head + "5 3 3 7 1 0 40000", false, {}},
         {head + "- 3 3 7 1 0 100", false, {}},
-        {"\"A\" \"m/s\"", false, {}},
         {"\"A\" \"m/s 5 3 3 7 1 0 100", false, {}},
         {"\"A 5 3 3 7 1 0 100", false, {}},
         {"\"", false, {}},

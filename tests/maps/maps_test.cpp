@@ -1,7 +1,7 @@
 // The maps' file grammars: the two PAK directory readers against archives
 // made byte by byte, well formed, damaged and damaged at random; which
-// categories of the starting map tree stand, found by their place; the cycle
-// editor's duplicate check; cycle files and titles.
+// categories of the starting map tree stand, found by their place; cycle
+// files and titles.
 #include "maps/MapCatalogue.h"
 #include "maps/MapCycles.h"
 #include "maps/MapTree.h"
@@ -235,37 +235,6 @@ TEST(MapsTree, StartingMapPageCategories)
         EXPECT_EQ(NoInternalPakMaps, r.baseShown ? 0 : 1);
         EXPECT_EQ(NoGorvanPakMaps, r.modShown ? 0 : 1);
         EXPECT_EQ(MapCatalogueCount, int(r.basePak) + int(r.modPak) + int(r.loose));
-    }
-}
-
-// The editor's duplicate check: stock maps and duplicates leave the baseq2
-// list, starting the scan over; duplicates of the loose list go too; a row
-// at the same index in another list is skipped; a removal of a row that is
-// gone fails.
-TEST(MapsTree, DuplicateCheck)
-{
-    const struct {
-        QStringList one, two, three;
-        bool ok;
-        QStringList oneAfter, twoAfter, threeAfter;
-    } rows[] = {
-        {{"q2dm1", "base1", "BASE2", "q2dm2", "Jail5"}, {"base1", "zz", "zz"}, {"CITY1", "g", "g"}, true,
-         {"q2dm1", "q2dm2"}, {"base1", "zz", "zz"}, {"CITY1", "g", "g"}},
-        {{"p", "a", "b", "base1"}, {"b", "a"}, {}, true, {"p", "a", "b"}, {}, {}},
-        {{"dm1", "DM1", "dm2"}, {"Dm2", "x", "loose"}, {"y", "z", "DM2", "LOOSE", "own"}, true, {"dm1", "dm2"},
-         {"x", "loose"}, {"y", "z", "own"}},
-        {{"p", "a"}, {"q", "a"}, {"r", "a", "a"}, true, {"p", "a"}, {"q", "a"}, {"r", "a"}},
-        {{}, {"b", "c"}, {"c", "b"}, true, {}, {"b", "c"}, {}},
-        {{""}, {"", "", "k"}, {}, false, {}, {}, {}},
-    };
-    for (auto r : rows) {
-        const bool ok = mapeditor::CheckMaps(r.one, r.two, r.three);
-        EXPECT_EQ(ok, r.ok);
-        if (ok) {
-            EXPECT_EQ(r.one, r.oneAfter);
-            EXPECT_EQ(r.two, r.twoAfter);
-            EXPECT_EQ(r.three, r.threeAfter);
-        }
     }
 }
 

@@ -1,8 +1,6 @@
 // The wizard core's grammars, a table each: the game's command from the
-// answers, its split into head and "asdf.cfg", the words the head is started
-// with, and the location files' records.
+// answers, its split into head and "asdf.cfg", and the location records.
 #include "wizard/Composer.h"
-#include "wizard/Launch.h"
 #include "wizard/Locations.h"
 
 #include <gtest/gtest.h>
@@ -107,24 +105,6 @@ TEST(Composer, Split)
         EXPECT_EQ(s.launchHead.toStdString(), r.head.toStdString());
         EXPECT_EQ(s.config.toStdString(), r.config.toStdString());
     }
-}
-
-TEST(Composer, HeadWords)
-{
-    const struct {
-        QString head;
-        QStringList words;
-    } rows[] = {
-        // The game's path is one word, blanks and all.
-        {"/games/quake 2/quake2 +set game gorvan  +exec asdf.cfg ",
-         {"/games/quake 2/quake2", "+set", "game", "gorvan", "+exec", "asdf.cfg"}},
-        {"\"/my games/q2\" +set name \"Big Bob\" +x \"\"", {"/my games/q2", "+set", "name", "Big Bob", "+x", ""}},
-        // An edited head that no longer starts with the game is split plainly.
-        {"/games/quake 2/quake2x +set a", {"/games/quake", "2/quake2x", "+set", "a"}},
-        {"   ", {}},
-    };
-    for (const auto& r : rows)
-        EXPECT_EQ(splitHead(r.head, "/games/quake 2/quake2"), r.words) << r.head.toStdString();
 }
 
 // Anything but one quoted value counts as a missing file.
