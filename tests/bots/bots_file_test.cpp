@@ -118,13 +118,12 @@ TEST(BotsFile, Sections)
     struct Case {
         const char* what;
         QByteArray file;
-        bool botsFound;
+        bool botsFound; // then what the bots reader gives, then the teams reader
         QStringList bots;
         bool botFailed;
         QString teamsText;
         bool teamsFound;
-        int teamRows;
-        int teamLines;
+        int teamRows, teamLines;
     };
     const Case cases[] = {
         {"odd lines", "\"Early\" \"m/s\" 1 1 1 1 1 1 1\r\n[bots]\r\n# c\r\n\r\n \"In\" \"m/s\" 1 1 1 1 1 1 1\r\n[teams] \r\n" + a

@@ -188,7 +188,6 @@ TEST(MapsPak, DamagedArchivesAtRandom)
     }
 }
 
-
 const QString I = kInternalMapsText, B = kBaseq2PakMapsText, G = kGorvanPakMapsText, E = kExternalMapsText;
 
 QStringList categories(const MapTree& tree)

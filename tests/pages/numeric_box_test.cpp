@@ -18,9 +18,7 @@ TEST(NumericBox, Rule)
     const NumericRule special{0, [&] { return pages::leadingValue(maxPlayers); }, "1", zeros};
     const struct {
         const NumericRule& rule;
-        QString players;
-        QString typed;
-        QString shown;
+        QString players, typed, shown;
     } rows[] = {
         {frag, "", "500", "500"},   {frag, "", "501", "0"},     {frag, "", "0", "0"},     {frag, "", "00", "0"},
         {frag, "", "", ""},         {frag, "", "x", "0"},       {frag, "", "1.5", "1.5"}, {frag, "", "1e2", "1e2"},

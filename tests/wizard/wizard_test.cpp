@@ -78,13 +78,8 @@ TEST(Composer, Split)
     const struct {
         QString command;
         bool dedicated;
-        QString head;
-        QString config;
+        QString head, config;
     } rows[] = {
-        {kDefault, false, "/games/q2/quake2 +set game gorvan  +set deathmatch 1",
-         "\nset teamplay 0\r\nset skill 0\r\nset view_weapons 0\r\nset cheats 0\r\nset bot_chat 1\r\nset bot_auto_skill 0\r\n"
-         "set bot_allow_client_commands 1\r\nset bot_show_connect_info 1\r\nset bot_calc_nodes 0\r\nset dmflags 0\r\n"
-         "set mapmod_random 0\r\nset bot_tarzan 0\r\nset allow_download 0\r\nmap q2dm1"},
         {"/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1\r\n+set teamplay 0", true,
          "/q2/quake2 +set dedicated 1 +set game gorvan  +set deathmatch 1", "set teamplay 0"},
         {"q2 +set game g +set deathmatch 1\r\n+set name \"A+B\"\r\n+alias go +attack\r\n+set x 1", false,
