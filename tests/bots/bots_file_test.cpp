@@ -1,32 +1,22 @@
-// The grammar of bots.cfg over plain bytes: line splitting, the row scanners
-// with their kept quirks, the section readers and the row writers.
+// The grammar of bots.cfg over plain bytes, a table a rule: the row scanners
+// with the quirks files in the field rely on, the section readers and the
+// row writers; then the user's file damaged at random.
 #include "bots/BotsFile.h"
 
-#include <QByteArray>
-#include <QString>
+#include <QStringList>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
-#include <vector>
 
 using namespace torvik;
 
 namespace {
 
-BotRecord bot(const char* name, const char* modelSkin, int acc, int agg, int cs, int fw, int quad, int camper,
-              int ping)
+BotRecord bot(const char* name, const char* modelSkin, std::array<int, 7> n)
 {
-    BotRecord b;
-    b.Name = QString::fromLatin1(name);
-    b.ModelSkin = QString::fromLatin1(modelSkin);
-    b.Accuracy = qint16(acc);
-    b.Aggressiveness = qint16(agg);
-    b.CombatSkills = qint16(cs);
-    b.FavoriteWeapon = qint16(fw);
-    b.QuadFreak = qint16(quad);
-    b.Camper = qint16(camper);
-    b.Ping = qint16(ping);
-    return b;
+    return {QString::fromLatin1(name), QString::fromLatin1(modelSkin), qint16(n[0]), qint16(n[1]), qint16(n[2]),
+            qint16(n[3]),              qint16(n[4]),                    qint16(n[5]), qint16(n[6])};
 }
 
 TeamRecord team(const char* name, const char* abbreviation, const char* modelSkin, const char* members)
@@ -35,421 +25,203 @@ TeamRecord team(const char* name, const char* abbreviation, const char* modelSki
             QString::fromLatin1(members)};
 }
 
-QString blanks(int n) { return QString(n, QLatin1Char(' ')); }
-
-std::vector<QByteArray> lineTexts(const QByteArray& file)
+QStringList names(const std::vector<BotRecord>& rows)
 {
-    std::vector<QByteArray> out;
-    for (QByteArrayView v : splitBotsFileLines(file))
-        out.push_back(v.toByteArray());
+    QStringList out;
+    for (const BotRecord& b : rows)
+        out << b.Name;
     return out;
 }
 
-BotRecord parsed(const QByteArray& line, bool expectOk = true)
+TEST(BotsFile, BotRows)
 {
-    BotRecord b;
-    EXPECT_EQ(ParseBotLine(line, b), expectOk) << line.constData();
-    return b;
-}
-
-// --- lines ---
-
-TEST(BotsLines, EveryKindOfLineEndEndsOneLine)
-{
-    using V = std::vector<QByteArray>;
-    EXPECT_EQ(lineTexts("a\r\nb\r\n"), (V{"a", "b"}));
-    EXPECT_EQ(lineTexts("a\rb\r"), (V{"a", "b"}));
-    EXPECT_EQ(lineTexts("a\nb"), (V{"a", "b"}));
-    EXPECT_EQ(lineTexts("a\r\n\r\nb"), (V{"a", "", "b"}));
-    EXPECT_EQ(lineTexts("a\n\rb"), (V{"a", "", "b"}));
-    EXPECT_EQ(lineTexts("a\r\n\r\n"), (V{"a", ""}));
-    EXPECT_TRUE(lineTexts("").empty());
-    EXPECT_EQ(lineTexts(QByteArray("x\0y\r\n", 5)), (V{QByteArray("x\0y", 3)}));
-}
-
-TEST(BotsLines, SectionStartsArePrefixTestsThatMindCase)
-{
-    const QByteArray file = "[Bots]\r\n[BOTS]\r\n[bots] old\r\n\"A\"\r\n[teams]X\r\n";
-    const auto lines = splitBotsFileLines(file);
-    EXPECT_EQ(SkipToBots(lines), std::optional<size_t>(3));
-    EXPECT_EQ(SkipToTeams(lines), std::optional<size_t>(5));
-    const auto none = splitBotsFileLines("[Teams]\r\n [bots]\r\n[bot]\r\n");
-    EXPECT_FALSE(SkipToBots(none));
-    EXPECT_FALSE(SkipToTeams(none));
-}
-
-// --- numbers ---
-
-TEST(BotsNumbers, OnlySignedDecimalsWithinSixteenBits)
-{
-    EXPECT_EQ(botNumber("7"), std::optional<qint16>(7));
-    EXPECT_EQ(botNumber("0100"), std::optional<qint16>(100));
-    EXPECT_EQ(botNumber("-32768"), std::optional<qint16>(-32768));
-    EXPECT_EQ(botNumber("+32767"), std::optional<qint16>(32767));
-    for (const char* bad : {"", "\t", "+", "-", "a", "1a", "32768", "-32769", "1.5", " 1", "99999999999999999999"})
-        EXPECT_FALSE(botNumber(bad)) << bad;
-}
-
-// --- bot rows ---
-
-TEST(BotsParseBotLine, ReadsTheWritersLayout)
-{
-    EXPECT_EQ(parsed("\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100"),
-              bot("Amber", "crakhor/amber", 5, 3, 3, 7, 1, 0, 100));
-    // Anything may lie between name and model/skin, and the gap before the
-    // first column may mix blanks and tabs.
-    EXPECT_EQ(parsed("\"Bo\"xyz\"m/s\"\t \t4 1 2 0 0 1 999 trailing words"), bot("Bo", "m/s", 4, 1, 2, 0, 0, 1, 999));
-    EXPECT_EQ(parsed("\"\" \"\" 1 1 1 1 1 1 1"), bot("", "", 1, 1, 1, 1, 1, 1, 1));
-    EXPECT_EQ(parsed("\"Cy\" \"nomodelslash\" 1 2 3 4 0 1 -20"), bot("Cy", "nomodelslash", 1, 2, 3, 4, 0, 1, -20));
-}
-
-TEST(BotsParseBotLine, ColumnsAreOneCharacterWithOneUnseenBehind)
-{
-    // Two digits: the second is stepped over and the row reads on normally.
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 12 3 4 5 1 0 100"), bot("A", "m/s", 1, 3, 4, 5, 1, 0, 100));
-    // Three digits: the last one becomes the next column and the rest of the
-    // row shifts one column on; the ping takes the camper's "0".
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 123 4 5 6 1 0 100"), bot("A", "m/s", 1, 3, 4, 5, 6, 1, 0));
-    // No blanks at all: every other character counts.
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 5x4x3x2x1x0x250"), bot("A", "m/s", 5, 4, 3, 2, 1, 0, 250));
-}
-
-TEST(BotsParseBotLine, ATabIsHarmlessWhenSteppedOverAndFatalWhenLookedAt)
-{
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 5\t3\t3\t7\t1\t0\t100"), bot("A", "m/s", 5, 3, 3, 7, 1, 0, 100));
-    BotRecord b = parsed("\"A\" \"m/s\" 5 \t3 3 7 1 0 100", false);
-    EXPECT_EQ(b.Accuracy, 5); // filled up to the failing column
-    EXPECT_EQ(b.Aggressiveness, 0);
-    EXPECT_EQ(b.Name, QStringLiteral("A"));
-    EXPECT_EQ(b.ModelSkin, QStringLiteral("m/s"));
-    parsed("\"A\" \"m/s\" 5 3 3 7 1 0 \t100", false);
-    parsed("\"A\" \"m/s\" 5 3 3 7 1 0 100\t", false);
-}
-
-TEST(BotsParseBotLine, BadOrMissingValuesFailTheRow)
-{
-    parsed("\"A\" \"m/s\" 5 3 x 7 1 0 100", false);
-    parsed("\"A\" \"m/s\" 5 3 3 7 1 0", false);   // no ping
-    parsed("\"A\" \"m/s\" 5 3 3 7 1 0 ", false);  // ping empty
-    parsed("\"A\" \"m/s\" 5 3 3", false);
-    parsed("\"A\" \"m/s\"", false);
-    parsed("\"A\" \"m/s 5 3 3 7 1 0 100", false); // model/skin never closed
-    parsed("\"A 5 3 3 7 1 0 100", false);         // name never closed
-    parsed("\"", false);
-    parsed("\"A\" \"m/s\" 5 3 3 7 1 0 40000", false); // past 16 bits
-    parsed("\"A\" \"m/s\" - 3 3 7 1 0 100", false);
-}
-
-TEST(BotsParseBotLine, PingIsGatheredInBatchesOfFive)
-{
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 1 1 1 1 1 1 12345").Ping, 12345);
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 1 1 1 1 1 1 123456").Ping, 12345);
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 1 1 1 1 1 1 3000012").Ping, 30000);
-    // Sixth and seventh digits unseen, the eighth joins the first five.
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 1 1 1 1 1 1 00123457").Ping, 1237);
-    parsed("\"A\" \"m/s\" 1 1 1 1 1 1 12345678", false); // reads as 123458
-    EXPECT_EQ(parsed("\"A\" \"m/s\" 1 1 1 1 1 1    75 more").Ping, 75);
-}
-
-TEST(BotsParseBotLine, ScansGiveUpAtTheWorkingLimitOfARow)
-{
-    // A name longer than the limit is cut there and the rest of the row is
-    // then read as the model/skin and columns, which fail.
-    BotRecord b = parsed("\"" + QByteArray(6000, 'n') + "\" \"m/s\" 1 1 1 1 1 1 1", false);
-    EXPECT_EQ(b.Name, QString(kRowScanLimit, QLatin1Char('n')));
-    // Blanks up to the limit are skipped; beyond it the blank is the value.
-    EXPECT_EQ(parsed("\"A\" \"m/s\"" + QByteArray(kRowScanLimit - 1, ' ') + "1 1 1 1 1 1 1").Accuracy, 1);
-    parsed("\"A\" \"m/s\"" + QByteArray(kRowScanLimit + 1, ' ') + "1 1 1 1 1 1 1", false);
-}
-
-// --- team rows ---
-
-TEST(BotsParseTeamLine, ReadsTheWritersLayoutAndTabbedRows)
-{
-    EXPECT_EQ(ParseTeamLine("\"WasteRed\"             \"WR\"             \"waste/RED\"          "
-                            "[\"Red1\" \"Red2\" \"Red3\" \"Red4\" ]"),
-              team("WasteRed", "WR", "waste/RED", "Red1 Red2 Red3 Red4 "));
-    EXPECT_EQ(ParseTeamLine("\"T\"\t\"AB\"\t\"\"\t[\"x\"\t\"y\"]"), team("T", "AB", "", "x y "));
-    EXPECT_EQ(ParseTeamLine("\"T\" \"AB\" \"m/s\" []"), team("T", "AB", "m/s", ""));
-    EXPECT_EQ(ParseTeamLine("\"T\" \"AB\" \"m/s\""), team("T", "AB", "m/s", ""));
-    EXPECT_EQ(ParseTeamLine("\"T\""), team("T", "", "", ""));
-}
-
-TEST(BotsParseTeamLine, MemberScanQuirks)
-{
-    // The character behind a closing mark is never seen: two names without a
-    // separator lose the second one's opening mark, and its closing mark then
-    // opens a name that runs to the end of the row.
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"x\"\"y\"]").Members, QStringLiteral("x ] "));
-    // The bracket means nothing: quoted text behind it is a member too.
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"x\"] \"y\"").Members, QStringLiteral("x y "));
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" \"x\" \"y\"").Members, QStringLiteral("x y "));
-    // A backtick ends the list, unless it stands inside a name.
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"x\" ` \"y\"]").Members, QStringLiteral("x "));
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"x`z\" \"y\"]").Members, QStringLiteral("x`z y "));
-    // An open name takes the rest of the row; an empty one still adds its blank.
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"x\" \"y").Members, QStringLiteral("x y "));
-    EXPECT_EQ(ParseTeamLine("\"T\" \"A\" \"\" [\"\" \"y\"]").Members, QStringLiteral(" y "));
-}
-
-// --- sections ---
-
-TEST(BotsReadSection, SkipsOddLinesAndGathersTheTeamsVerbatim)
-{
-    const QByteArray file = "\"Early\" \"m/s\" 1 1 1 1 1 1 1\r\n"
-                            "# head\r\n"
-                            "[bots]\r\n"
-                            "# comment\r\n"
-                            "\r\n"
-                            " \"Indented\" \"m/s\" 1 1 1 1 1 1 1\r\n"
-                            ";\"Semi\" \"m/s\" 1 1 1 1 1 1 1\r\n"
-                            "[teams] \r\n"
-                            "\"A\" \"m/s\" 5 3 3 7 1 0 100\r\n"
-                            "[teams]\r\n"
-                            "# team comment\r\n"
-                            "\"T\" \"AB\" \"\" []\r\n"
-                            "\r\n"
-                            "last\n";
-    const BotsSection s = ReadBotsSection(file);
-    ASSERT_TRUE(s.found);
-    EXPECT_FALSE(s.rowFailed);
-    ASSERT_EQ(s.rows.size(), 1u);
-    EXPECT_EQ(s.rows[0].Name, QStringLiteral("A"));
-    EXPECT_EQ(s.teamsText, QStringLiteral("# team comment\r\n\"T\" \"AB\" \"\" []\r\n\r\nlast\r\n"));
-}
-
-TEST(BotsReadSection, TeamRowsBehindAnInexactTeamsLineFailAsBotRows)
-{
-    const QByteArray file = "[bots]\r\n\"A\" \"m/s\" 5 3 3 7 1 0 100\r\n[teams]\t\r\n"
-                            "\"WasteRed\"  \"WR\"  \"waste/RED\"  [\"Red1\" ]\r\n\"B\" \"m/s\" 1 1 1 1 1 1 1\r\n";
-    const BotsSection s = ReadBotsSection(file);
-    EXPECT_TRUE(s.rowFailed);
-    ASSERT_EQ(s.rows.size(), 2u); // the failed row is counted
-    EXPECT_EQ(s.rows[1].Name, QStringLiteral("WasteRed"));
-    EXPECT_EQ(s.rows[1].ModelSkin, QStringLiteral("WR"));
-    EXPECT_TRUE(s.teamsText.isEmpty());
-    // The teams reader, whose start is a prefix test, still finds its rows.
-    const TeamsSection t = ReadTeamsSection(file);
-    ASSERT_TRUE(t.found);
-    ASSERT_EQ(t.rows.size(), 2u);
-    EXPECT_EQ(t.rows[0], team("WasteRed", "WR", "waste/RED", "Red1 "));
-}
-
-TEST(BotsReadSection, TeamsBeforeBots)
-{
-    const QByteArray file = "[teams]\r\n\"T\" \"AB\" \"m/s\" [\"A\" ]\r\n[bots]\r\n\"A\" \"m/s\" 5 3 3 7 1 0 100\r\n";
-    const BotsSection s = ReadBotsSection(file);
-    ASSERT_TRUE(s.found);
-    ASSERT_EQ(s.rows.size(), 1u);
-    EXPECT_TRUE(s.teamsText.isEmpty());
-    const TeamsSection t = ReadTeamsSection(file);
-    EXPECT_EQ(t.lines, 3);
-    ASSERT_EQ(t.rows.size(), 2u); // the bot row read as a team
-    EXPECT_EQ(t.rows[1], team("A", "m/s", "", ""));
-}
-
-TEST(BotsReadSection, MissingSectionsAndEmptySections)
-{
-    EXPECT_FALSE(ReadBotsSection("\"A\" \"m/s\" 1 1 1 1 1 1 1\r\n[teams]\r\n").found);
-    EXPECT_FALSE(ReadTeamsSection("[bots]\r\n\"A\" \"m/s\" 1 1 1 1 1 1 1\r\n").found);
-
-    const BotsSection noTeams = ReadBotsSection("[bots]\r\n\"A\" \"m/s\" 1 1 1 1 1 1 1\r\n");
-    EXPECT_EQ(noTeams.rows.size(), 1u);
-    EXPECT_TRUE(noTeams.teamsText.isEmpty());
-
-    const BotsSection empty = ReadBotsSection("[bots]\r\n[teams]\r\n");
-    EXPECT_TRUE(empty.found && empty.rows.empty() && !empty.rowFailed);
-
-    // Nothing behind "[teams]" is no teams; a comment is something.
-    EXPECT_EQ(ReadTeamsSection("[bots]\r\n[teams]\r\n").lines, 0);
-    const TeamsSection comments = ReadTeamsSection("[bots]\r\n[teams]\r\n# none yet\r\n\r\n");
-    EXPECT_EQ(comments.lines, 2);
-    EXPECT_TRUE(comments.rows.empty());
-}
-
-TEST(BotsReadSection, StoreLimitsEndTheReadWithAFailedRow)
-{
-    QByteArray file = "[bots]\r\n";
-    for (int i = 0; i < kMaxBots; ++i)
-        file += "\"B" + QByteArray::number(i) + "\" \"m/s\" 1 1 1 1 1 1 1\r\n";
-    const BotsSection full = ReadBotsSection(file + "[teams]\r\n");
-    EXPECT_FALSE(full.rowFailed);
-    EXPECT_EQ(full.rows.size(), size_t(kMaxBots));
-    const BotsSection over = ReadBotsSection(file + "\"Z\" \"m/s\" 1 1 1 1 1 1 1\r\n[teams]\r\nx\r\n");
-    EXPECT_TRUE(over.rowFailed);
-    ASSERT_EQ(over.rows.size(), size_t(kMaxBots) + 1);
-    EXPECT_EQ(over.rows.back(), BotRecord{});
-    EXPECT_TRUE(over.teamsText.isEmpty()); // reading stopped at the failure
-
-    QByteArray teams = "[teams]\r\n";
-    for (int i = 0; i < kMaxTeams; ++i)
-        teams += "\"T" + QByteArray::number(i) + "\" \"T\" \"\" []\r\n";
-    EXPECT_FALSE(ReadTeamsSection(teams).rowFailed);
-    const TeamsSection overTeams = ReadTeamsSection(teams + "\"X\" \"X\" \"\" []\r\n\"Y\" \"Y\" \"\" []\r\n");
-    EXPECT_TRUE(overTeams.rowFailed);
-    EXPECT_EQ(overTeams.rows.size(), size_t(kMaxTeams) + 1);
-}
-
-TEST(BotsReadSection, ProgressIsSizedByTheCountingPassAndNeverOverruns)
-{
-    std::vector<std::pair<int, int>> reports;
-    ProgressBar bar([&](int value, int maximum) { reports.emplace_back(value, maximum); });
-    // Counted: two rows, an odd line and "[teams]"; comments and blanks are not.
-    const QByteArray file = "# x\r\n[bots]\r\n\"A\" \"m/s\" 1 1 1 1 1 1 1\r\n#c\r\n\r\nodd\r\n"
-                            "\"B\" \"m/s\" 1 1 1 1 1 1 1\r\n[teams]\r\n\"T\" \"T\" \"\" []\r\n";
-    ReadBotsSection(file, &bar);
-    ASSERT_FALSE(reports.empty());
-    EXPECT_EQ(reports.front(), std::make_pair(0, 9));
-    EXPECT_EQ(bar.maximum(), 9);
-    EXPECT_EQ(bar.value(), 6); // one step per line up to and with "[teams]"
-
-    // Mostly comments: more lines than the bar holds, and it stops when full.
-    QByteArray chatty = "[bots]\r\n";
-    for (int i = 0; i < 50; ++i)
-        chatty += "# note\r\n";
-    chatty += "\"A\" \"m/s\" 1 1 1 1 1 1 1\r\n";
-    ProgressBar small;
-    ReadBotsSection(chatty, &small);
-    EXPECT_EQ(small.maximum(), 3);
-    EXPECT_EQ(small.value(), 3);
-}
-
-// --- writers ---
-
-TEST(BotsWriter, BotRowsFillSeventeenAndTwentyOneColumns)
-{
-    EXPECT_EQ(botRowText(bot("Amber", "crakhor/amber", 5, 3, 3, 7, 1, 0, 100)),
-              QStringLiteral("\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100"));
-    // A model/skin wider than its columns gets the blanks that followed the name.
-    EXPECT_EQ(botRowText(bot("Bo", "averylongmodel/longskin", 1, 2, 3, 0, 0, 1, 50)),
-              "\"Bo\"" + blanks(13) + "\"averylongmodel/longskin\"" + blanks(13) + "1 2 3 0 0 1 50");
-    // Fifteen characters fill the name's columns exactly; sixteen don't fit.
-    EXPECT_EQ(botRowText(bot("ABCDEFGHIJKLMNO", "averylongmodel/longskin", 1, 1, 1, 1, 1, 1, 1)),
-              QStringLiteral("\"ABCDEFGHIJKLMNO\"\"averylongmodel/longskin\"1 1 1 1 1 1 1"));
-    EXPECT_FALSE(botRowText(bot("ABCDEFGHIJKLMNOP", "m/s", 1, 1, 1, 1, 1, 1, 1)));
-}
-
-TEST(BotsWriter, TeamRowsFillTwentyThreeColumnsAndRequoteMembers)
-{
-    EXPECT_EQ(teamRowText(team("WasteRed", "WR", "waste/RED", "Red1 Red2 Red3 Red4 ")),
-              QStringLiteral("\"WasteRed\"             \"WR\"             \"waste/RED\"          "
-                             "[\"Red1\" \"Red2\" \"Red3\" \"Red4\" ]"));
-    // The abbreviation gets the name's blanks whatever its own width; an empty
-    // model/skin is the empty pair.
-    EXPECT_EQ(teamRowText(team("Team", "ABCD", "", "")),
-              "\"Team\"" + blanks(17) + "\"ABCD\"" + blanks(17) + "\"\"" + blanks(19) + "[]");
-    // Members are what precedes each blank.
-    EXPECT_EQ(teamRowText(team("T", "T", "m/s", "a b"))->section(QLatin1Char('['), 1), QStringLiteral("\"a\" ]"));
-    EXPECT_EQ(teamRowText(team("T", "T", "m/s", "a  b "))->section(QLatin1Char('['), 1),
-              QStringLiteral("\"a\" \"\" \"b\" ]"));
-    EXPECT_TRUE(teamRowText(team("ABCDEFGHIJKLMNOPQRSTU", "T", "", "")));
-    EXPECT_FALSE(teamRowText(team("ABCDEFGHIJKLMNOPQRSTUV", "T", "", "")));
-}
-
-TEST(BotsWriter, WholeFilesCarryTheirSectionsAndAClosingEmptyLine)
-{
-    const std::vector<BotRecord> bots = {bot("Amber", "crakhor/amber", 5, 3, 3, 7, 1, 0, 100)};
-    EXPECT_EQ(botsFileForBots(bots, QStringLiteral("# t\r\n")),
-              QByteArray("[bots]\r\n\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100\r\n"
-                         "[teams]\r\n# t\r\n\r\n"));
-    EXPECT_EQ(botsFileForBots({}, QString()), QByteArray("[bots]\r\n[teams]\r\n\r\n"));
-    EXPECT_EQ(botsFileForTeams({}, {team("T", "T", "", "x ")}),
-              ("[bots]\r\n[teams]\r\n\"T\"" + blanks(20) + "\"T\"" + blanks(20) + "\"\"" + blanks(19)
-               + "[\"x\" ]\r\n\r\n")
-                  .toLatin1());
-    EXPECT_FALSE(botsFileForBots({bot("ABCDEFGHIJKLMNOP", "m/s", 1, 1, 1, 1, 1, 1, 1)}, QString()));
-    EXPECT_FALSE(botsFileForTeams(bots, {team("ABCDEFGHIJKLMNOPQRSTUVW", "T", "", "")}));
-    // 8-bit text: Latin-1 names go out as single bytes.
-    EXPECT_TRUE(botsFileForBots({bot("J\xe9r\xf4me", "m/s", 1, 1, 1, 1, 1, 1, 1)}, QString())
-                    ->contains("\"J\xe9r\xf4me\""));
-}
-
-TEST(BotsWriter, RoundTripsGiveBackTheRows)
-{
-    const std::vector<BotRecord> bots = {
-        bot("Amber", "crakhor/amber", 5, 3, 3, 7, 1, 0, 100),
-        bot("ABCDEFGHIJKLMNO", "averylongmodel/averylongskin", 1, 2, 3, 0, 0, 1, 32767),
-        bot("J\xe9r\xf4me", "male/", 2, 2, 2, 9, 1, 1, 5),
-        bot("Amber", "female/athena", 1, 1, 1, 1, 0, 0, 999),
+    const QByteArray head = "\"A\" \"m/s\" ";
+    struct Row {
+        QByteArray line;
+        bool ok;
+        std::optional<BotRecord> expected; // what the row reads as, failed rows as far as they got
     };
-    const std::vector<TeamRecord> teams = {
-        team("WasteRed", "WR", "waste/RED", "Red1 Red2 Red3 Red4 "),
-        team("ABCDEFGHIJKLMNOPQRSTU", "", "", ""),
-        team("Longskins", "LS", "averylongmodel/averylongskin", "Amber "),
+    const Row rows[] = {
+        {"\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100", true, bot("Amber", "crakhor/amber", {5, 3, 3, 7, 1, 0, 100})},
+        // Anything between name and model/skin, blanks and tabs before the
+        // first column, words behind the ping.
+        {"\"Bo\"xyz\"m/s\"\t \t4 1 2 0 0 1 999 trailing words", true, bot("Bo", "m/s", {4, 1, 2, 0, 0, 1, 999})},
+        {"\"\" \"\" 1 1 1 1 1 1 -20", true, bot("", "", {1, 1, 1, 1, 1, 1, -20})},
+        // A column is one character with one unseen behind it: a second digit
+        // is stepped over, a third becomes the next column.
+        {head + "12 3 4 5 1 0 100", true, bot("A", "m/s", {1, 3, 4, 5, 1, 0, 100})},
+        {head + "123 4 5 6 1 0 100", true, bot("A", "m/s", {1, 3, 4, 5, 6, 1, 0})},
+        {head + "5x4x3x2x1x0x250", true, bot("A", "m/s", {5, 4, 3, 2, 1, 0, 250})},
+        // A tab is harmless where it is stepped over, fatal where it is read.
+        {head + "5\t3\t3\t7\t1\t0\t100", true, bot("A", "m/s", {5, 3, 3, 7, 1, 0, 100})},
+        {head + "5 \t3 3 7 1 0 100", false, bot("A", "m/s", {5, 0, 0, 0, 0, 0, 0})},
+        {head + "5 3 3 7 1 0 \t100", false, {}},
+        // The ping is gathered in batches of five digits.
+        {head + "1 1 1 1 1 1 123456", true, bot("A", "m/s", {1, 1, 1, 1, 1, 1, 12345})},
+        {head + "1 1 1 1 1 1 3000012", true, bot("A", "m/s", {1, 1, 1, 1, 1, 1, 30000})},
+        {head + "1 1 1 1 1 1 00123457", true, bot("A", "m/s", {1, 1, 1, 1, 1, 1, 1237})},
+        {head + "1 1 1 1 1 1 12345678", false, {}},
+        {head + "1 1 1 1 1 1    75 more", true, bot("A", "m/s", {1, 1, 1, 1, 1, 1, 75})},
+        // Bad, missing or oversized values, and rows never closed.
+        {head + "5 3 x 7 1 0 100", false, {}},
+        {head + "5 3 3 7 1 0", false, {}},
+        {head + "5 3 3 7 1 0 40000", false, {}},
+        {head + "- 3 3 7 1 0 100", false, {}},
+        {"\"A\" \"m/s 5 3 3 7 1 0 100", false, {}},
+        {"\"A 5 3 3 7 1 0 100", false, {}},
+        {"\"", false, {}},
+        // No scan runs past the working limit of a row.
+        {head.left(9) + QByteArray(kRowScanLimit - 1, ' ') + "1 1 1 1 1 1 1", true, bot("A", "m/s", {1, 1, 1, 1, 1, 1, 1})},
+        {head.left(9) + QByteArray(kRowScanLimit + 1, ' ') + "1 1 1 1 1 1 1", false, {}},
+        {"\"" + QByteArray(6000, 'n') + "\" \"m/s\" 1 1 1 1 1 1 1", false, {}},
     };
-    const std::optional<QByteArray> teamFile = botsFileForTeams(bots, teams);
-    ASSERT_TRUE(teamFile);
-    const BotsSection b = ReadBotsSection(*teamFile);
-    EXPECT_FALSE(b.rowFailed);
-    EXPECT_EQ(b.rows, bots);
-    const TeamsSection t = ReadTeamsSection(*teamFile);
-    EXPECT_EQ(t.rows, teams);
-
-    // SaveBots' layout keeps the teams part as text; each rewrite adds the
-    // print's closing empty line to it, as the editors always did.
-    const std::optional<QByteArray> botFile = botsFileForBots(bots, b.teamsText);
-    ASSERT_TRUE(botFile);
-    const BotsSection again = ReadBotsSection(*botFile);
-    EXPECT_EQ(again.rows, bots);
-    EXPECT_EQ(again.teamsText, b.teamsText + QStringLiteral("\r\n"));
-    EXPECT_EQ(ReadTeamsSection(*botFile).rows, teams);
-}
-
-// Rows as the editors let them be made: names of up to 14 characters, team
-// names of up to 20 and abbreviations of up to 3, any 8-bit character but
-// the quotation mark, line ends, and (in member names) blanks.
-TEST(BotsWriter, RandomRowsWithinTheEditorsLimitsRoundTrip)
-{
-    std::mt19937 random(4242);
-    auto text = [&](int minLength, int maxLength, const QString& banned) {
-        const int length = minLength + int(random() % unsigned(maxLength - minLength + 1));
-        QString out;
-        while (out.size() < length) {
-            const QChar c(ushort(1 + random() % 255));
-            if (c != QLatin1Char('"') && c != QLatin1Char('\r') && c != QLatin1Char('\n') && !banned.contains(c))
-                out += c;
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.line.left(60).constData());
+        BotRecord b;
+        EXPECT_EQ(ParseBotLine(r.line, b), r.ok);
+        if (r.expected) {
+            EXPECT_EQ(b, *r.expected);
         }
-        return out;
-    };
-    for (int round = 0; round < 200; ++round) {
-        std::vector<BotRecord> bots;
-        const int botRows = int(random() % 30);
-        for (int i = 0; i < botRows; ++i) {
-            BotRecord b;
-            b.Name = text(0, 14, QString());
-            b.ModelSkin = text(0, 12, QStringLiteral("/")) + QLatin1Char('/') + text(0, 24, QString());
-            b.Accuracy = qint16(1 + random() % 5);
-            b.Aggressiveness = qint16(1 + random() % 5);
-            b.CombatSkills = qint16(1 + random() % 5);
-            b.FavoriteWeapon = qint16(random() % 10);
-            b.QuadFreak = qint16(random() % 2);
-            b.Camper = qint16(random() % 2);
-            b.Ping = qint16(1 + random() % 999);
-            bots.push_back(b);
-        }
-        std::vector<TeamRecord> teams;
-        const int teamRows = int(random() % 10);
-        for (int i = 0; i < teamRows; ++i) {
-            TeamRecord t{text(0, 20, QString()), text(0, 3, QString()), QString(), QString()};
-            if (random() % 3)
-                t.ModelSkin = text(1, 30, QString());
-            const int members = int(random() % 5);
-            for (int m = 0; m < members; ++m)
-                t.Members += text(0, 14, QStringLiteral(" ")) + QLatin1Char(' ');
-            teams.push_back(t);
-        }
-        const std::optional<QByteArray> file = botsFileForTeams(bots, teams);
-        ASSERT_TRUE(file);
-        const BotsSection b = ReadBotsSection(*file);
-        ASSERT_FALSE(b.rowFailed) << round;
-        EXPECT_EQ(b.rows, bots) << round;
-        EXPECT_EQ(ReadTeamsSection(*file).rows, teams) << round;
-
-        const std::optional<QByteArray> again = botsFileForBots(b.rows, b.teamsText);
-        ASSERT_TRUE(again);
-        EXPECT_EQ(ReadBotsSection(*again).rows, bots) << round;
-        EXPECT_EQ(ReadTeamsSection(*again).rows, teams) << round;
     }
+}
+
+TEST(BotsFile, TeamRows)
+{
+    const std::pair<QByteArray, TeamRecord> rows[] = {
+        {"\"WasteRed\"             \"WR\"             \"waste/RED\"          [\"Red1\" \"Red2\" ]",
+         team("WasteRed", "WR", "waste/RED", "Red1 Red2 ")},
+        {"\"T\"\t\"AB\"\t\"\"\t[\"x\"\t\"y\"]", team("T", "AB", "", "x y ")},
+        {"\"T\" \"AB\" \"m/s\" []", team("T", "AB", "m/s", "")},
+        {"\"T\"", team("T", "", "", "")},
+        // The character behind a closing mark is never seen: a second name
+        // without a separator loses its opening mark, and its closing mark
+        // opens a name that runs to the end of the row.
+        {"\"T\" \"A\" \"\" [\"x\"\"y\"]", team("T", "A", "", "x ] ")},
+        // The bracket means nothing; a backtick ends the list, unless quoted.
+        {"\"T\" \"A\" \"\" [\"x\"] \"y\"", team("T", "A", "", "x y ")},
+        {"\"T\" \"A\" \"\" [\"x\" ` \"y\"]", team("T", "A", "", "x ")},
+        {"\"T\" \"A\" \"\" [\"x`z\" \"y\"]", team("T", "A", "", "x`z y ")},
+        // An open name takes the rest of the row; an empty one still counts.
+        {"\"T\" \"A\" \"\" [\"x\" \"y", team("T", "A", "", "x y ")},
+        {"\"T\" \"A\" \"\" [\"\" \"y\"]", team("T", "A", "", " y ")},
+    };
+    for (const auto& [line, expected] : rows)
+        EXPECT_EQ(ParseTeamLine(line), expected) << line.constData();
+}
+
+TEST(BotsFile, Sections)
+{
+    const QByteArray a = "\"A\" \"m/s\" 5 3 3 7 1 0 100\r\n";
+    QByteArray full = "[bots]\r\n";
+    for (int i = 0; i < kMaxBots; ++i)
+        full += "\"B\" \"m/s\" 1 1 1 1 1 1 1\r\n";
+    struct Case {
+        const char* what;
+        QByteArray file;
+        bool botsFound; // then what the bots reader gives, then the teams reader
+        QStringList bots;
+        bool botFailed;
+        QString teamsText;
+        bool teamsFound;
+        int teamRows, teamLines;
+    };
+    const Case cases[] = {
+        {"odd lines", "\"Early\" \"m/s\" 1 1 1 1 1 1 1\r\n[bots]\r\n# c\r\n\r\n \"In\" \"m/s\" 1 1 1 1 1 1 1\r\n[teams] \r\n" + a
+                          + "[teams]\r\n# t\r\n\"T\" \"AB\" \"\" []\r\n\r\nlast\n",
+         true, {"A"}, false, "# t\r\n\"T\" \"AB\" \"\" []\r\n\r\nlast\r\n", true, 2, 6},
+        {"section lines mind case", "[Bots]\r\n[BOTS]\r\n[bots] old\r\n" + a + "[teams]X\r\n", true, {"A"}, false, "",
+         true, 0, 0},
+        {"lone CR and LF", "[bots]\r" + a.left(a.size() - 2) + "\n[teams]\n\"T\"\r", true, {"A"}, false, "\"T\"\r\n",
+         true, 1, 1},
+        // A team row behind an inexact "[teams]" is read as a bot row, and fails.
+        {"inexact teams line", "[bots]\r\n" + a + "[teams]\t\r\n\"Red\"  \"WR\"  \"w/R\"  [\"R1\" ]\r\n" + a, true,
+         {"A", "Red"}, true, "", true, 2, 2},
+        {"teams before bots", "[teams]\r\n\"T\" \"AB\" \"m/s\" []\r\n[bots]\r\n" + a, true, {"A"}, false, "", true, 2, 3},
+        {"no sections", a, false, {}, false, "", false, 0, 0},
+        {"empty sections", "[bots]\r\n[teams]\r\n", true, {}, false, "", true, 0, 0},
+        {"bot store full", full + "[teams]\r\n", true, {}, false, "", true, 0, 0},
+        {"one bot too many", full + a + "[teams]\r\nx\r\n", true, {}, true, "", true, 0, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const BotsSection b = ReadBotsSection(c.file);
+        EXPECT_EQ(b.found, c.botsFound);
+        EXPECT_EQ(b.rowFailed, c.botFailed);
+        if (b.rows.size() < 10) {
+            EXPECT_EQ(names(b.rows), c.bots);
+        } else {
+            EXPECT_EQ(b.rows.size(), size_t(kMaxBots) + (c.botFailed ? 1 : 0));
+        }
+        EXPECT_EQ(b.teamsText, c.teamsText);
+        const TeamsSection t = ReadTeamsSection(c.file);
+        EXPECT_EQ(t.found, c.teamsFound);
+        EXPECT_EQ(int(t.rows.size()), c.teamRows);
+        EXPECT_EQ(t.lines, c.teamLines);
+    }
+}
+
+TEST(BotsFile, RowWriters)
+{
+    const std::pair<BotRecord, std::optional<QString>> bots[] = {
+        {bot("Amber", "crakhor/amber", {5, 3, 3, 7, 1, 0, 100}), "\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100"},
+        // A model/skin wider than its columns gets the blanks the name left.
+        {bot("Bo", "averylongmodel/longskin", {1, 2, 3, 0, 0, 1, 50}),
+         "\"Bo\"             \"averylongmodel/longskin\"             1 2 3 0 0 1 50"},
+        {bot("ABCDEFGHIJKLMNO", "averylongmodel/longskin", {1, 1, 1, 1, 1, 1, 1}),
+         "\"ABCDEFGHIJKLMNO\"\"averylongmodel/longskin\"1 1 1 1 1 1 1"},
+        {bot("ABCDEFGHIJKLMNOP", "m/s", {1, 1, 1, 1, 1, 1, 1}), std::nullopt},
+    };
+    for (const auto& [row, text] : bots)
+        EXPECT_EQ(botRowText(row), text) << row.Name.toStdString();
+    const std::pair<TeamRecord, std::optional<QString>> teams[] = {
+        {team("WasteRed", "WR", "waste/RED", "Red1 Red2 "),
+         "\"WasteRed\"             \"WR\"             \"waste/RED\"          [\"Red1\" \"Red2\" ]"},
+        // The abbreviation gets the name's blanks whatever its own width.
+        {team("Team", "ABCD", "", ""), "\"Team\"                 \"ABCD\"                 \"\"                   []"},
+        // Members are what precedes each blank.
+        {team("T", "T", "", "a  b"), "\"T\"                    \"T\"                    \"\"                   [\"a\" \"\" ]"},
+        {team("ABCDEFGHIJKLMNOPQRSTUV", "T", "", ""), std::nullopt},
+    };
+    for (const auto& [row, text] : teams)
+        EXPECT_EQ(teamRowText(row), text) << row.Name.toStdString();
+    EXPECT_EQ(botsFileForBots({bots[0].first}, QStringLiteral("# t\r\n")),
+              QByteArray("[bots]\r\n\"Amber\"          \"crakhor/amber\"      5 3 3 7 1 0 100\r\n[teams]\r\n# t\r\n\r\n"));
+    EXPECT_FALSE(botsFileForTeams({bots[3].first}, {}));
+}
+
+// The user's file damaged at random, or not text at all: both readers end,
+// within the store's limits, a failed row counted last.
+TEST(BotsFile, DamagedFilesAtRandom)
+{
+    const QByteArray sample = "[bots]\r\n\"Zed\"  \"male/ranger\"  1 2 3 4 0 1 50\r\n\"Amy\"  \"f/lynx\"  5 5 5 0 1 0 75\r\n"
+                              "[teams]\r\n# members\r\n\"Reds\"  \"R\"  \"m/r\"  [\"Zed\" \"Amy\" ]\r\n";
+    static const char kSpecial[] = {'"', '\t', '\r', '\n', '/', '`', '[', ']', ' ', '#', '0', '9', 'x', '\0'};
+    std::mt19937 random(7);
+    int failed = 0;
+    for (int round = 0; round < 400; ++round) {
+        QByteArray file = sample;
+        if (round % 10 == 0) {
+            file = "[bots]\r\n\"" + QByteArray(int(random() % 65536), Qt::Uninitialized) + "\r\n[teams]\r\n\"";
+            for (qsizetype i = 9; i < file.size() - 12; ++i)
+                file[i] = char(random());
+        }
+        for (int e = int(1 + random() % 6); e > 0; --e) {
+            const int at = int(random() % file.size());
+            switch (random() % 3) {
+            case 0: file[at] = kSpecial[random() % sizeof kSpecial]; break;
+            case 1: file.insert(at, kSpecial[random() % sizeof kSpecial]); break;
+            default: file.remove(at, 1 + int(random() % 8)); break;
+            }
+        }
+        const BotsSection b = ReadBotsSection(file);
+        EXPECT_LE(b.rows.size(), size_t(kMaxBots) + 1) << round;
+        EXPECT_LE(ReadTeamsSection(file).rows.size(), size_t(kMaxTeams) + 1) << round;
+        failed += b.rowFailed ? 1 : 0;
+    }
+    EXPECT_GT(failed, 0);
+    // One line of 4 MB opened like a row: every scan gives up at its limit.
+    const BotsSection huge = ReadBotsSection("[bots]\r\n\"" + QByteArray(4 * 1024 * 1024, 'n'));
+    EXPECT_TRUE(huge.rowFailed);
 }
 
 } // namespace

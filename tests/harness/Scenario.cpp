@@ -50,7 +50,7 @@ constexpr int kSettleRounds = 3;
 // Attempts to close modal forms left open when the scenario ends.
 constexpr int kCloseRounds = 50;
 
-enum class Kind { Option, Preparation, Action, Box, Check };
+enum class Kind { Option, Preparation, Action, Box, Check, Part };
 
 struct CommandInfo {
     const char* name;
@@ -74,6 +74,7 @@ const CommandInfo kCommands[] = {
     {"unreadable", Kind::Preparation, 1, 1},
     {"start", Kind::Action, 0, 0},
     {"click", Kind::Action, 1, 2},
+    {"choose", Kind::Action, 2, 2},
     {"right-click", Kind::Action, 1, 2},
     {"double-click", Kind::Action, 1, 2},
     {"set", Kind::Action, 2, 2},
@@ -87,6 +88,7 @@ const CommandInfo kCommands[] = {
     {"answer", Kind::Box, 3, 3},
     {"input", Kind::Box, 3, 3},
     {"check", Kind::Check, 2, -1},
+    {"fresh", Kind::Part, 0, 0},
 };
 
 const CommandInfo* findCommand(const QString& name)
@@ -174,6 +176,23 @@ QString listText(const QStringList& items)
     for (const QString& s : items)
         quoted.append(quoteText(s));
     return quoted.join(QStringLiteral(", "));
+}
+
+// The rows, tabs or menu items of a control that are enabled, in order.
+QString readEnabledItems(QObject* control, QStringList* found)
+{
+    QStringList rows;
+    if (QString e = ui::readRows(control, &rows); !e.isEmpty())
+        return e;
+    found->clear();
+    for (const QString& row : rows) {
+        bool on = false;
+        if (QString e = ui::readItemEnabled(control, row, &on); !e.isEmpty())
+            return e;
+        if (on)
+            found->append(row);
+    }
+    return QString();
 }
 
 QString yesNo(bool b) { return b ? QStringLiteral("yes") : QStringLiteral("no"); }
@@ -331,6 +350,7 @@ private:
     QString resolve(const QString& target, QObject** out, bool* formMissing = nullptr, bool* controlMissing = nullptr) const;
     QString changePermissions(const QString& path, bool readable, bool writable);
     QString lockPath() const { return root_ + QStringLiteral("/torvik.lock"); }
+    QString what() const { return opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario"); }
 
     QByteArray text_;
     QString name_;
@@ -430,6 +450,8 @@ bool Interpreter::prepareFolders()
 bool Interpreter::parse()
 {
     const QList<QByteArray> raw = text_.split('\n');
+    int part = 1;
+    int firstFresh = 0;
     for (qsizetype i = 0; i < raw.size(); ++i) {
         Line line;
         line.number = int(i) + 1;
@@ -448,9 +470,30 @@ bool Interpreter::parse()
             syntaxOk_ = false;
             continue;
         }
+        // Every line is checked, but only the lines of the part asked for run.
+        if (line.word(0) == QLatin1String("fresh")) {
+            ++part;
+            firstFresh = firstFresh ? firstFresh : line.number;
+            continue;
+        }
+        if (opt_.part != 0 && part != opt_.part)
+            continue;
         if (line.word(0) == QLatin1String("demo"))
             mixedCase_ = true;
+        if (line.word(0) == QLatin1String("choose")) {
+            // Two clicks, the second one inside the menu the first one opens.
+            Line menu = line;
+            menu.words = {Token{"click", false}, line.words[1]};
+            lines_.push_back(menu);
+            menu.words = {Token{"click", false}, Token{"popup", false}, line.words[2]};
+            lines_.push_back(menu);
+            continue;
+        }
         lines_.push_back(line);
+    }
+    if (firstFresh && opt_.part == 0 && syntaxOk_) {
+        fail(firstFresh, QStringLiteral("syntax: fresh needs torvik_scenario, which plays each part in a process of its own"));
+        syntaxOk_ = false;
     }
     return syntaxOk_;
 }
@@ -569,7 +612,8 @@ QString Interpreter::validateCheck(const Line& line) const
         return needBool(3);
     }
     if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
-        property == QLatin1String("marked") || property == QLatin1String("headers"))
+        property == QLatin1String("marked") || property == QLatin1String("headers") ||
+        property == QLatin1String("enabled-items"))
         return QString();
     if (property == QLatin1String("item-enabled")) {
         if (rest != 3)
@@ -730,6 +774,8 @@ void Interpreter::execute(const Line& line)
         return;
     case Kind::Check:
         doCheck(line);
+        return;
+    case Kind::Part:
         return;
     case Kind::Action:
         break;
@@ -1160,7 +1206,8 @@ void Interpreter::checkTarget(const Line& line)
         if (problem.isEmpty())
             compare(quoteText(line.word(3)), quoteText(found));
     } else if (property == QLatin1String("rows") || property == QLatin1String("selected") ||
-               property == QLatin1String("marked") || property == QLatin1String("headers")) {
+               property == QLatin1String("marked") || property == QLatin1String("headers") ||
+               property == QLatin1String("enabled-items")) {
         QStringList expected;
         for (qsizetype i = 3; i < line.words.size(); ++i)
             expected.append(line.words[i].text());
@@ -1171,6 +1218,8 @@ void Interpreter::checkTarget(const Line& line)
             problem = ui::readSelectedRows(object, &found);
         else if (property == QLatin1String("marked"))
             problem = ui::readMarkedRows(object, &found);
+        else if (property == QLatin1String("enabled-items"))
+            problem = readEnabledItems(object, &found);
         else
             problem = ui::readHeaders(object, &found);
         if (problem.isEmpty())
@@ -1219,7 +1268,8 @@ ScenarioResult Interpreter::run()
         before.append(w);
 
     if (!prepareFolders() || !parse()) {
-        print(QStringLiteral("%1: scenario failed").arg(name_));
+        result_.mistakes = !syntaxOk_;
+        print(QStringLiteral("%1: %2 failed").arg(name_, what()));
         return result_;
     }
     QString error;
@@ -1227,7 +1277,7 @@ ScenarioResult Interpreter::run()
     demoOptions.mixedCase = mixedCase_;
     if (!demo::createDemoInstall(game_, &error, demoOptions)) {
         fail(0, QStringLiteral("can't make the demo install: %1").arg(error));
-        print(QStringLiteral("%1: scenario failed").arg(name_));
+        print(QStringLiteral("%1: %2 failed").arg(name_, what()));
         return result_;
     }
 
@@ -1284,7 +1334,7 @@ ScenarioResult Interpreter::run()
     dialogs_.reset();
 
     result_.passed = result_.failures.empty();
-    print(QStringLiteral("%1: scenario %2").arg(name_, result_.passed ? QStringLiteral("passed") : QStringLiteral("failed")));
+    print(QStringLiteral("%1: %2 %3").arg(name_, what(), result_.passed ? QStringLiteral("passed") : QStringLiteral("failed")));
     return result_;
 }
 
@@ -1309,6 +1359,18 @@ ScenarioResult runScenarioFile(const QString& path, const ScenarioOptions& optio
         return r;
     }
     return runScenario(f.readAll(), path, options);
+}
+
+int scenarioParts(const QByteArray& text)
+{
+    int parts = 1;
+    for (const QByteArray& raw : text.split('\n')) {
+        QList<Token> words;
+        QString error;
+        if (tokenizeLine(raw, {}, &words, &error) && words.size() == 1 && words[0].bytes == "fresh")
+            ++parts;
+    }
+    return parts;
 }
 
 void registerScenarioGlobal(const QString& name, std::function<QString()> read)

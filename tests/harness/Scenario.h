@@ -19,6 +19,7 @@ struct ScenarioResult {
     bool passed = false;
     std::vector<ScenarioFailure> failures;
     QStringList output; // every line printed, failures included
+    bool mistakes = false; // lines that can't be understood; nothing ran
 };
 
 struct ScenarioOptions {
@@ -35,6 +36,9 @@ struct ScenarioOptions {
     bool verbose = false;
     // Receives each output line as it happens.
     std::function<void(const QString&)> print;
+    // Of a scenario cut by "fresh" lines, the part to play (1 is the part
+    // before the first). 0 plays a scenario without them.
+    int part = 0;
 };
 
 ScenarioResult runScenario(const QByteArray& text, const QString& name, const ScenarioOptions& options = {});
@@ -43,6 +47,8 @@ inline ScenarioResult runScenario(const QString& text, const QString& name, cons
     return runScenario(text.toUtf8(), name, options);
 }
 ScenarioResult runScenarioFile(const QString& path, const ScenarioOptions& options = {});
+// How many parts the "fresh" lines cut a scenario into.
+int scenarioParts(const QByteArray& text);
 
 // Makes a process-wide value checkable with "check global NAME VALUE".
 void registerScenarioGlobal(const QString& name, std::function<QString()> read);

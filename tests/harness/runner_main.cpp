@@ -4,6 +4,7 @@
 #include "Scenario.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QProcess>
 #include <QStringList>
 
@@ -22,6 +23,19 @@ void filterMessages(QtMsgType type, const QMessageLogContext& context, const QSt
     std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, message).toLocal8Bit().constData());
 }
 
+// Plays one file, or one part of it, in a child process of this program;
+// gives its exit code.
+int runChild(const QStringList& arguments)
+{
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedChannels);
+    child.start(QCoreApplication::applicationFilePath(), arguments);
+    child.waitForFinished(-1);
+    return child.exitStatus() == QProcess::NormalExit ? child.exitCode() : 1;
+}
+
+constexpr int kMistakes = 3;
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -29,10 +43,13 @@ int main(int argc, char** argv)
     qInstallMessageHandler(filterMessages);
     QStringList files;
     bool verbose = false;
+    int part = 0;
     for (int i = 1; i < argc; ++i) {
         const QString arg = QString::fromLocal8Bit(argv[i]);
         if (arg == QLatin1String("-v"))
             verbose = true;
+        else if (arg == QLatin1String("--part") && i + 1 < argc)
+            part = QString::fromLocal8Bit(argv[++i]).toInt();
         else
             files.append(arg);
     }
@@ -42,27 +59,40 @@ int main(int argc, char** argv)
     }
     harness::ensureApplication();
     QCoreApplication::setApplicationName(QStringLiteral("Torvik"));
+    const QStringList flags = verbose ? QStringList{QStringLiteral("-v")} : QStringList{};
 
     // The program's state lives for the whole process, so each further
-    // scenario gets a process of its own.
+    // scenario, and each part after a "fresh" line, gets a process of its own.
     if (files.size() > 1) {
         bool allPassed = true;
-        for (const QString& file : files) {
-            QProcess child;
-            child.setProcessChannelMode(QProcess::ForwardedChannels);
-            child.start(QCoreApplication::applicationFilePath(),
-                        verbose ? QStringList{QStringLiteral("-v"), file} : QStringList{file});
-            child.waitForFinished(-1);
-            allPassed = child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 && allPassed;
-        }
+        for (const QString& file : files)
+            allPassed = runChild(flags + QStringList{file}) == 0 && allPassed;
         return allPassed ? 0 : 1;
+    }
+    const QString file = files.first();
+    if (part == 0) {
+        QFile f(file);
+        const int parts = f.open(QIODevice::ReadOnly) ? harness::scenarioParts(f.readAll()) : 1;
+        if (parts > 1) {
+            bool allPassed = true;
+            for (int k = 1; k <= parts; ++k) {
+                const int code = runChild(flags + QStringList{QStringLiteral("--part"), QString::number(k), file});
+                allPassed = code == 0 && allPassed;
+                if (code == kMistakes)
+                    break;
+            }
+            std::printf("%s: scenario %s\n", file.toLocal8Bit().constData(), allPassed ? "passed" : "failed");
+            return allPassed ? 0 : 1;
+        }
     }
 
     harness::ScenarioOptions options;
     options.verbose = verbose;
+    options.part = part;
     options.print = [](const QString& line) {
         std::printf("%s\n", line.toLocal8Bit().constData());
         std::fflush(stdout);
     };
-    return harness::runScenarioFile(files.first(), options).passed ? 0 : 1;
+    const harness::ScenarioResult result = harness::runScenarioFile(file, options);
+    return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
 }
