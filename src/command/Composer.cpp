@@ -1,5 +1,7 @@
 #include "command/Composer.h"
 
+#include "platform/Files.h"
+
 namespace torvik {
 namespace {
 
@@ -247,6 +249,23 @@ QStringList splitHead(const QString& head, const QString& gamePath)
     if (inWord)
         words << word;
     return words;
+}
+
+QByteArray configFileBytes(const QString& config)
+{
+    static const QString kMap = QStringLiteral("map ");
+    QByteArray out;
+    const QStringList lines = config.split(QStringLiteral("\r\n"));
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        if (i > 0)
+            out += "\r\n";
+        const QString& line = lines[i];
+        if (line.startsWith(kMap))
+            out += kMap.toLatin1() + platform::fileNameBytes(line.mid(kMap.size()));
+        else
+            out += line.toLatin1();
+    }
+    return out;
 }
 
 } // namespace torvik

@@ -103,6 +103,11 @@ struct SplitCommand {
 // alias).
 SplitCommand splitCommandLine(const QString& text, bool dedicated);
 
+// The bytes of "asdf.cfg": the game reads 8-bit text, so what the user typed
+// goes as Latin-1, while the map to start is a file name and keeps the bytes
+// the file system holds, or the game wouldn't find it.
+QByteArray configFileBytes(const QString& config);
+
 // The rate sent for each row of the connection list; 0 for none.
 int rateForIndex(int index);
 

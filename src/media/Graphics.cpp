@@ -137,13 +137,7 @@ bool GraphicsComponent::repair(const QString& programFolder)
         return false;
     const QString wanted = platform::joinPath(programFolder, QString::fromLatin1(kComponentFileName));
     const QString existing = platform::resolvePath(wanted);
-    const QString target = existing.isEmpty() ? wanted : existing;
-    const QString fresh = target + QStringLiteral(".new");
-    QFile::remove(fresh);
-    if (!QFile::copy(spare, fresh))
-        return false;
-    QFile::remove(target);
-    return QFile::rename(fresh, target);
+    return platform::copyFile(spare, existing.isEmpty() ? wanted : existing);
 }
 
 GraphicsComponent::~GraphicsComponent()

@@ -5,6 +5,7 @@
 #include "pages/StartMapPage.h"
 #include "pages/WizardState.h"
 #include "platform/Dialogs.h"
+#include "platform/EngineHomes.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
 #include "platform/ProgramContext.h"
@@ -72,14 +73,38 @@ void AllDonePage::prepareLaunch(const QString& command, bool dedicated)
     if (baseq2.isEmpty())
         baseq2 = platform::joinPath(context.gameFolder(), QStringLiteral("baseq2"));
     const QString copy = platform::joinPath(baseq2, QStringLiteral("asdf.cfg"));
-    const QByteArray bytes = split.config.toUtf8();
-    QFile::remove(copy);
-    if (!platform::writeFile(home, bytes) || !QFile::copy(home, copy)) {
+    const QByteArray bytes = torvik::configFileBytes(split.config);
+    if (!platform::writeFile(home, bytes) || !platform::writeFile(copy, bytes)) {
         platform::beep();
         platform::msgBox(QStringLiteral("Couldn't create internal command line!"));
         return;
     }
     Timer6->setEnabled(true);
+}
+
+// The Linux engines read a configuration of this name from the player's home
+// folder before the game's own, so an old one there would silently replace
+// the settings made here.
+void AllDonePage::offerToRemoveHomeConfigs()
+{
+    if (homeConfigsAsked_)
+        return;
+    const QStringList stale =
+        platform::filesInEngineHomes(platform::programContext.modShortName(), QStringLiteral("asdf.cfg"));
+    if (stale.isEmpty())
+        return;
+    homeConfigsAsked_ = true;
+    const QString question =
+        QStringLiteral("The game will read an old asdf.cfg from your home folder instead of the settings made "
+                       "here:\n\n%1\n\nRemove it?")
+            .arg(stale.join(QLatin1Char('\n')));
+    if (!platform::ask(question, QStringLiteral("Old game settings")))
+        return;
+    for (const QString& path : stale)
+        if (!QFile::remove(path))
+            platform::msgBox(QStringLiteral("Couldn't remove %1. The game will read it instead of the settings made here.")
+                                 .arg(path),
+                             platform::Buttons::Ok, platform::Icon::Exclamation);
 }
 
 void AllDonePage::holdStart() { ui.Start->setEnabled(false); }
@@ -101,6 +126,7 @@ void AllDonePage::startGame()
         start = platform::executableStart(context.quake2Location, {QStringLiteral("+map"), startMap_->chosenMap()},
                                           folder);
     } else {
+        offerToRemoveHomeConfigs();
         QStringList words = torvik::splitHead(LaunchHead + QStringLiteral(" +exec asdf.cfg "), context.quake2Location);
         const QString program = words.isEmpty() ? QString() : words.takeFirst();
         start = platform::executableStart(program, words, folder);

@@ -41,8 +41,11 @@ public:
 private:
     void showSaveChoice(bool save);
     void startGame();
+    void offerToRemoveHomeConfigs();
 
     const StartMapPage* startMap_ = nullptr;
+    // The user is asked about stale configurations once a run.
+    bool homeConfigsAsked_ = false;
 };
 
 } // namespace pages

@@ -1,6 +1,7 @@
 #include "pages/PlayerSetupPage.h"
 
 #include "command/Composer.h"
+#include "pages/TextBoxes.h"
 #include "platform/Controls.h"
 
 namespace pages {
@@ -14,6 +15,9 @@ PlayerSetupPage::PlayerSetupPage(QWidget* parent) : QWidget(parent)
     ui.Combo4->setCurrentIndex(-1);
 
     platform::enableWhileChecked(ui.Check35, ui.Text13);
+    // The game's configuration has no way to write a double quote inside a
+    // quoted name: one there would split the name into words.
+    keepLatin1(ui.Text13, QStringLiteral("\""));
     // Ticking a list's box shows its first row, whatever was chosen before.
     for (auto [box, list] : {std::pair{ui.Check41, ui.Combo3}, std::pair{ui.Check43, ui.Combo4}}) {
         QComboBox* combo = list;

@@ -361,7 +361,7 @@ ComposerInput MainForm::composerInput() const
 // Hand edits in the box are lost: the command is made anew from the answers.
 void MainForm::composeCommandLine()
 {
-    ui.CommandLine->showCommand(torvik::composeCommandLine(composerInput()));
+    ui.CommandLine->showCommand(torvik::composeCommandLine(composerInput()), Advanced->dedicated());
 }
 
 } // namespace torvik

@@ -1,5 +1,6 @@
 #include "wizard/PreferencesPage.h"
 
+#include "pages/EngineLimits.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "wizard/Globals.h"
@@ -14,6 +15,23 @@ const QString kNotLocatedQuake = QStringLiteral("QUAKE2 IS NOT LOCATED HERE!");
 const QString kNotLocatedGorvan = QStringLiteral("GORVAN IS NOT LOCATED HERE!");
 const QString kQuakeSet = QStringLiteral("QUAKE2 IS SET!");
 const QString kGorvanSet = QStringLiteral("GORVAN IS SET!");
+
+// A location file holds one line: a folder whose path breaks it can't be kept.
+void refuseUnstorable(const QString& folder)
+{
+    platform::beep();
+    platform::msgBox(QStringLiteral("Torvik can't keep the folder \"%1\": its path holds a line break. Please choose "
+                                    "or rename another folder.")
+                         .arg(folder),
+                     platform::Buttons::Ok, platform::Icon::Exclamation);
+}
+
+// Said once, when such a folder is chosen; the folder is still taken.
+void warnAbout(const QString& warning)
+{
+    if (!warning.isEmpty())
+        platform::msgBox(warning, platform::Buttons::Ok, platform::Icon::Exclamation);
+}
 
 } // namespace
 
@@ -128,12 +146,23 @@ void PreferencesPage::checkGameFolder()
     // the stored name is kept: a folder path alone would start nothing.
     QListWidgetItem* chosen = ui.File5->currentItem();
     const QString name = chosen ? chosen->text() : platform::fileNameOf(Quake2Location);
+    const QString location = platform::joinPath(folder, name);
+    if (!isStorableLocation(location)) {
+        refuseUnstorable(folder);
+        ui.Text7->setText(kNotLocatedQuake);
+        Quake2Set = 0;
+        emit locationChecked(false);
+        return;
+    }
     ui.Text7->setText(kQuakeSet);
-    Quake2Location = platform::joinPath(folder, name);
+    const bool changed = location != Quake2Location;
+    Quake2Location = location;
     if (!writeLocationFile(QStringLiteral("quake2.loc"), Quake2Location))
         platform::msgBox(QStringLiteral("Couldn't save the Quake2 location (quake2.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
     Quake2Set = 1;
+    if (changed)
+        warnAbout(pages::gameFolderWarning(gameFolder()));
     emit locationChecked(true);
 }
 
@@ -150,12 +179,23 @@ void PreferencesPage::checkModFolder()
         emit locationChecked(false);
         return;
     }
+    const QString location = platform::joinPath(folder, QStringLiteral("GAMEX86.DLL"));
+    if (!isStorableLocation(location)) {
+        refuseUnstorable(folder);
+        ui.Text8->setText(kNotLocatedGorvan);
+        GorvanSet = 0;
+        emit locationChecked(false);
+        return;
+    }
     ui.Text8->setText(kGorvanSet);
-    GorvanLocation = platform::joinPath(folder, QStringLiteral("GAMEX86.DLL"));
+    const bool changed = location != GorvanLocation;
+    GorvanLocation = location;
     if (!writeLocationFile(QStringLiteral("gorvan.loc"), GorvanLocation))
         platform::msgBox(QStringLiteral("Couldn't save the Gorvan location (gorvan.loc)!"), platform::Buttons::Ok,
                          platform::Icon::Exclamation);
     GorvanSet = 1;
+    if (changed)
+        warnAbout(pages::modFolderWarning(modShortName()));
     emit locationChecked(true);
 }
 

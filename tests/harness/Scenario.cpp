@@ -431,7 +431,13 @@ bool Interpreter::prepareFolders()
     vars_.insert(QStringLiteral("TEMP"), root_.toUtf8());
     vars_.insert(QStringLiteral("SOURCE"), QByteArray(TORVIK_SOURCE_DIR));
     vars_.insert(QStringLiteral("FIXTURES"), QByteArray(TORVIK_FIXTURES_DIR));
-    if (!QDir().mkpath(program_)) {
+    // The program looks into the player's home folder (the engines' own game
+    // folders); a scenario's home is a folder of its own, never the real one.
+    const QString home = root_ + QStringLiteral("/home");
+    vars_.insert(QStringLiteral("HOME"), home.toUtf8());
+    qputenv("HOME", QFile::encodeName(home));
+    qunsetenv("XDG_DATA_HOME");
+    if (!QDir().mkpath(program_) || !QDir().mkpath(home)) {
         fail(0, QStringLiteral("can't make %1").arg(program_));
         return false;
     }

@@ -740,8 +740,10 @@ QString typeText(QObject* c, const QString& text)
             QTest::keyClick(w, Qt::Key_Return);
         else if (ch == QLatin1Char('\t'))
             QTest::keyClick(w, Qt::Key_Tab);
-        else
+        else if (ch.unicode() < 0x80)
             QTest::keyClicks(w, QString(ch));
+        else // a key of a national keyboard: no key code, only its text
+            QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(ch), Qt::NoModifier);
     }
     return QString();
 }
