@@ -175,7 +175,9 @@ bool writeFile(const QString& path, const QByteArray& data)
     // place only once all of it is on disk: a full disk or a size limit
     // leaves the old file as it was, never half of it.
     QSaveFile f(path);
-    if (!f.open(QIODevice::WriteOnly))
+    // Unbuffered, so that a write the disk takes only in part (a full disk,
+    // a size limit) is seen here, before the old file is given up.
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
     if (f.write(data) != data.size()) {
         f.cancelWriting();
