@@ -5,19 +5,16 @@ namespace torvik {
 void resetMapCatalogue()
 {
     MapCatalogueCount = 0;
-    MapCatalogue = QList<MapCatalogueEntry>(MapCatalogueLastRow + 1);
+    MapCatalogue = QList<MapCatalogueEntry>(1);
 }
 
 bool storeMapCatalogueRow(const QString& name, qint32 position, const QString& sourceFile)
 {
-    // The count never passes the last row, so rows 1..count stay safe to read
-    // for whoever looks a map up after a scan broke off at the limit.
     if (MapCatalogueCount >= MapCatalogueLastRow)
         return false;
-    if (MapCatalogue.size() != MapCatalogueLastRow + 1)
-        MapCatalogue.resize(MapCatalogueLastRow + 1);
+    MapCatalogue.resize(MapCatalogueCount + 1);
+    MapCatalogue.append(MapCatalogueEntry{name, position, sourceFile});
     ++MapCatalogueCount;
-    MapCatalogue[MapCatalogueCount] = MapCatalogueEntry{name, position, sourceFile};
     return true;
 }
 

@@ -18,11 +18,13 @@ struct MapCatalogueEntry {
 };
 
 // Rows 1 to MapCatalogueLastRow are usable; row 0 stays empty so that the
-// count is also the index of the last row.
-inline constexpr int MapCatalogueLastRow = 1000;
+// count is also the index of the last row. Collectors keep tens of thousands
+// of maps, so the catalogue grows as maps are found, up to a bound that only
+// a broken install reaches.
+inline constexpr int MapCatalogueLastRow = 100000;
 
-inline QList<MapCatalogueEntry> MapCatalogue = QList<MapCatalogueEntry>(MapCatalogueLastRow + 1);
-inline qint16 MapCatalogueCount = 0;
+inline QList<MapCatalogueEntry> MapCatalogue = QList<MapCatalogueEntry>(1);
+inline qint32 MapCatalogueCount = 0;
 
 // Set when the PAK categories were taken out of the starting map tree. The
 // tree drops categories by position, so later removals need to know which

@@ -13,7 +13,7 @@ const QStringList kMapPattern{QStringLiteral("*.bsp")};
 
 MapScanResult folderMissing(const QString& folder)
 {
-    return MapScanResult{MapScanFailure::FolderMissing, QStringLiteral("The folder %1 can't be found").arg(folder)};
+    return MapScanResult{MapScanFailure::FolderMissing, QStringLiteral("The folder %1 can't be found").arg(folder), {}};
 }
 
 // The folder as spelled on disk; empty when it isn't a folder.
@@ -31,22 +31,28 @@ QString withoutExtension(const QString& fileName, int extensionLength)
 // One PAK into the catalogue and below the category `key`. Every map gets its
 // row, since the map information form needs the stock maps' positions too;
 // only the others are shown, and only they count as found.
-MapScanResult cataloguePak(const QString& pakPath, const QString& key, MapTree& tree, bool& found)
+MapScanResult cataloguePak(const QString& pakPath, const QString& key, MapTree& tree, bool& found, QString& leftOut)
 {
     const PakMapScan scan = readCatalogueMaps(pakPath);
     for (const PakMap& map : scan.maps) {
-        if (!storeMapCatalogueRow(map.MapName, map.FilePosition, pakPath))
-            return MapScanResult{MapScanFailure::CatalogueFull,
-                                 QStringLiteral("%1: the map catalogue is full at %2 maps, \"%3\" didn't fit")
-                                     .arg(pakPath)
-                                     .arg(MapCatalogueLastRow)
-                                     .arg(map.MapName)};
+        if (!storeMapCatalogueRow(map.MapName, map.FilePosition, pakPath)) {
+            if (leftOut.isEmpty())
+                leftOut = map.MapName;
+            break;
+        }
         if (!isBuiltInMap(map.MapName)) {
             tree.addMap(key, map.MapName);
             found = true;
         }
     }
     return scan.result;
+}
+
+MapScanResult withLeftOut(const QString& leftOut)
+{
+    MapScanResult result;
+    result.leftOut = leftOut;
+    return result;
 }
 
 } // namespace
@@ -208,8 +214,9 @@ MapScanResult GetInternalPak(const QString& gameFolder, MapTree& tree)
     }
     resetMapCatalogue();
     bool found = false;
+    QString leftOut;
     for (const QString& pak : paks) {
-        const MapScanResult r = cataloguePak(platform::joinPath(base, pak), kBaseq2PakMapsKey, tree, found);
+        const MapScanResult r = cataloguePak(platform::joinPath(base, pak), kBaseq2PakMapsKey, tree, found, leftOut);
         if (!r.ok())
             return r;
     }
@@ -217,7 +224,7 @@ MapScanResult GetInternalPak(const QString& gameFolder, MapTree& tree)
         tree.removeNode(2);
         NoInternalPakMaps = 1;
     }
-    return {};
+    return withLeftOut(leftOut);
 }
 
 MapScanResult GetNewPak(const QString& modFolder, MapTree& tree)
@@ -230,8 +237,9 @@ MapScanResult GetNewPak(const QString& modFolder, MapTree& tree)
     const int position = NoInternalPakMaps == 1 ? 2 : 3;
     const QStringList paks = platform::listFiles(mod, kPakPattern);
     bool found = false;
+    QString leftOut;
     for (const QString& pak : paks) {
-        const MapScanResult r = cataloguePak(platform::joinPath(mod, pak), kGorvanPakMapsKey, tree, found);
+        const MapScanResult r = cataloguePak(platform::joinPath(mod, pak), kGorvanPakMapsKey, tree, found, leftOut);
         if (!r.ok())
             return r;
     }
@@ -239,7 +247,7 @@ MapScanResult GetNewPak(const QString& modFolder, MapTree& tree)
         tree.removeNode(position);
         NoGorvanPakMaps = 1;
     }
-    return {};
+    return withLeftOut(leftOut);
 }
 
 MapScanResult AddExternalMaps(const QString& gameFolder, MapTree& tree)
@@ -249,22 +257,22 @@ MapScanResult AddExternalMaps(const QString& gameFolder, MapTree& tree)
     if (maps.isEmpty())
         return folderMissing(wanted);
     const QStringList files = platform::listFiles(maps, kMapPattern);
-    if (files.isEmpty()) {
-        const int gone = NoInternalPakMaps + NoGorvanPakMaps;
-        tree.removeNode(4 - gone);
-        return {};
-    }
+    QString leftOut;
+    bool shown = false;
     for (const QString& file : files) {
         const QString name = withoutExtension(file, 4);
+        if (!storeMapCatalogueRow(name, 0, platform::joinPath(maps, file))) {
+            leftOut = name;
+            break;
+        }
         tree.addMap(kExternalMapsKey, name);
-        if (!storeMapCatalogueRow(name, 0, platform::joinPath(maps, file)))
-            return MapScanResult{MapScanFailure::CatalogueFull,
-                                 QStringLiteral("%1: the map catalogue is full at %2 maps, \"%3\" didn't fit")
-                                     .arg(maps)
-                                     .arg(MapCatalogueLastRow)
-                                     .arg(name)};
+        shown = true;
     }
-    return {};
+    if (!shown) {
+        const int gone = NoInternalPakMaps + NoGorvanPakMaps;
+        tree.removeNode(4 - gone);
+    }
+    return withLeftOut(leftOut);
 }
 
 MapScanResult buildMultiplayerMapTree(const QString& gameFolder, const QString& modFolder, MapTree& tree)
@@ -272,10 +280,16 @@ MapScanResult buildMultiplayerMapTree(const QString& gameFolder, const QString& 
     tree = mapTreeRoots();
     LoadDef(tree);
     MapScanResult r = GetInternalPak(gameFolder, tree);
-    if (r.ok())
+    QString leftOut = r.leftOut;
+    if (r.ok()) {
         r = GetNewPak(modFolder, tree);
-    if (r.ok())
+        leftOut = leftOut.isEmpty() ? r.leftOut : leftOut;
+    }
+    if (r.ok()) {
         r = AddExternalMaps(gameFolder, tree);
+        leftOut = leftOut.isEmpty() ? r.leftOut : leftOut;
+    }
+    r.leftOut = leftOut;
     return r;
 }
 
@@ -421,7 +435,7 @@ MapScanResult GetMaps(const QString& gameFolder, const QString& modFolder, Edito
         return r;
     if (!CheckMaps(out.List1, out.List2, out.List3))
         return MapScanResult{MapScanFailure::DuplicateCheck,
-                             QStringLiteral("The duplicate check removed a map row that wasn't there")};
+                             QStringLiteral("The duplicate check removed a map row that wasn't there"), {}};
     AddRestofNodes(out.tree, out.List1, out.List2, out.List3);
     return {};
 }

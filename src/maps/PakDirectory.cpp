@@ -27,7 +27,7 @@ qint32 le32(const char* p)
     return qint32(quint32(b[0]) | quint32(b[1]) << 8 | quint32(b[2]) << 16 | quint32(b[3]) << 24);
 }
 
-MapScanResult failure(MapScanFailure kind, const QString& detail) { return MapScanResult{kind, detail}; }
+MapScanResult failure(MapScanFailure kind, const QString& detail) { return MapScanResult{kind, detail, {}}; }
 
 struct PakHeader {
     qint32 dirOffset = 0;

@@ -19,13 +19,15 @@ enum class MapScanFailure {
     CannotRead,     // a listed "*.pak" is no file, or can't be opened or read
     BadDirectory,   // the header puts the directory before the start of the file
     NameWithoutEnd, // a map entry's name has no NUL where one must be
-    CatalogueFull,  // a map beyond the catalogue's last row
     DuplicateCheck, // the cycle editor's duplicate check tripped over a missing row
 };
 
 struct MapScanResult {
     MapScanFailure failure = MapScanFailure::None;
     QString detail; // what went wrong and where, for the one who has to fix the file
+    // The first map that found the catalogue full; it and the maps after it
+    // are left out, and the scan goes on without them.
+    QString leftOut;
     bool ok() const { return failure == MapScanFailure::None; }
 };
 

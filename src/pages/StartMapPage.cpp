@@ -1,5 +1,7 @@
 #include "pages/StartMapPage.h"
 
+#include "maps/MapCatalogue.h"
+
 #include "command/Composer.h"
 #include "maps/MapCycles.h"
 #include "maps/MapTree.h"
@@ -88,6 +90,14 @@ bool StartMapPage::addMapsOnce(QString* failure)
         *failure = scan.detail;
         return false;
     }
+    // A collection past the catalogue's bound is no reason to stop: the user
+    // hears which maps are missing and plays with the others.
+    if (!scan.leftOut.isEmpty())
+        platform::msgBox(QStringLiteral("Torvik lists the first %1 maps it finds. \"%2\" and the maps after it are "
+                                        "left out.")
+                             .arg(torvik::MapCatalogueLastRow)
+                             .arg(scan.leftOut),
+                         platform::Buttons::Ok, platform::Icon::Exclamation);
     if (state.dataFileMode == 0 && KeepMapLabel != 1)
         showDefaultMap(state.gameTypeCode);
     loadMapCycles();

@@ -162,7 +162,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         text("CycleTitle", &torvik::CycleTitle);
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
         number("NoGorvanPakMaps", &torvik::NoGorvanPakMaps);
-        number16("MapCatalogueCount", &torvik::MapCatalogueCount);
+        number("MapCatalogueCount", &torvik::MapCatalogueCount);
         return t;
     }();
     return table;
