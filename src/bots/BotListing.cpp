@@ -40,12 +40,19 @@ std::optional<std::vector<int>> listInstalledBots(const std::vector<BotRecord>& 
                                                   const PlayersIndex& index, ProgressBar* progress)
 {
     std::vector<int> listed;
+    // Big files name a few hundred model/skin pairs for thousands of bots:
+    // each pair is looked up once.
+    QHash<QString, bool> installed;
     for (size_t i = 0; i < bots.size(); ++i) {
         const QString& modelSkin = bots[i].ModelSkin;
-        const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
-        if (slash < 0)
-            return std::nullopt;
-        if (!index.isInstalled(modelSkin.left(slash), modelSkin.mid(slash + 1)))
+        auto known = installed.constFind(modelSkin);
+        if (known == installed.constEnd()) {
+            const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
+            if (slash < 0)
+                return std::nullopt;
+            known = installed.insert(modelSkin, index.isInstalled(modelSkin.left(slash), modelSkin.mid(slash + 1)));
+        }
+        if (!*known)
             continue;
         listed.push_back(int(i));
         if (progress)

@@ -18,11 +18,11 @@ void ProgressForm::begin()
 
 void ProgressForm::report(int value, int maximum)
 {
-    // The bar repaints by itself when its shown percentage moves; a read of
-    // thousands of rows costs a hundred paints at most.
-    if (ui.ProgressBar1->maximum() != maximum)
-        ui.ProgressBar1->setRange(0, maximum);
-    ui.ProgressBar1->setValue(value);
+    // Only a new whole percentage moves the bar: a read of thousands of rows
+    // then costs a hundred updates, not one per row.
+    const int percent = maximum > 0 ? int(qint64(value) * 100 / maximum) : 0;
+    if (percent != ui.ProgressBar1->value())
+        ui.ProgressBar1->setValue(percent);
 }
 
 } // namespace torvik
