@@ -1,6 +1,7 @@
 #include "media/Pictures.h"
 
 #include "media/Pcx.h"
+#include "media/Tga.h"
 
 #include <QBuffer>
 #include <QEvent>
@@ -76,6 +77,10 @@ QImage readGamePicture(const QString& path)
     if (size.isValid() && (size.width() > kMaxPcxSide || size.height() > kMaxPcxSide))
         return QImage();
     QImage image = reader.read();
+    // Qt reads only version 2 TGA files, with their footer; the game's own
+    // screenshots have none.
+    if (image.isNull() && suffix == QLatin1String("tga"))
+        image = decodeTga(bytes);
     if (image.width() > kMaxPcxSide || image.height() > kMaxPcxSide)
         return QImage();
     return image;

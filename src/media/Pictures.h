@@ -15,7 +15,8 @@ inline constexpr qint64 kMaxPictureFileBytes = 16 * 1024 * 1024;
 
 // The picture of a file; a null image when it can't be read or decoded.
 // ".pcx" files go to the PCX reader, anything else to Qt's readers, with the
-// file's extension as the first guess at its format.
+// file's extension as the first guess at its format; a TGA Qt can't read
+// goes to our own reader.
 QImage readGamePicture(const QString& path);
 
 // Shows the file's picture in the box, stretched to its inner area, and
