@@ -45,14 +45,12 @@ public:
     {
         if (!QFileInfo(wavPath).isFile())
             return false;
-        for (const char* name : {"paplay", "aplay"}) {
+        const std::pair<const char*, QStringList> players[] = {{"paplay", {wavPath}},
+                                                              {"aplay", {QStringLiteral("-q"), wavPath}}};
+        for (const auto& [name, arguments] : players) {
             const QString program = QStandardPaths::findExecutable(QString::fromLatin1(name));
-            if (program.isEmpty())
-                continue;
-            QStringList arguments{wavPath};
-            if (program.endsWith(QLatin1String("aplay")) && !program.endsWith(QLatin1String("paplay")))
-                arguments.prepend(QStringLiteral("-q"));
-            return platform::launcher().start({program, arguments, QString()});
+            if (!program.isEmpty())
+                return platform::launcher().start({program, arguments, QString()});
         }
         return false;
     }

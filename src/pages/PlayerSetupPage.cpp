@@ -210,7 +210,9 @@ void PlayerSetupPage::viewModel()
         platform::msgBox(QStringLiteral("Model Viewer's required file couldn't be found in the TK \\plugins dir."));
         return;
     }
-    const QString folder = modelFolder();
+    QString folder = modelFolder();
+    if (folder.isEmpty())
+        folder = platform::joinPath(playersFolder(), ui.Combo5->currentText());
     const QString mesh = platform::resolvePath(platform::joinPath(folder, QStringLiteral("tris.md2")));
     const QString skin = skinFile(QStringLiteral(".pcx"));
     const QStringList arguments{mesh.isEmpty() ? platform::joinPath(folder, QStringLiteral("tris.md2")) : mesh,
