@@ -10,7 +10,8 @@ struct ComposerInput;
 namespace pages {
 
 // The player's name, hand, crosshair, model and skin; each is sent only
-// while its box is ticked.
+// while its box is ticked. Models and skins are found on disk each time the
+// model box is ticked, never stored.
 class PlayerSetupPage : public QWidget {
     Q_OBJECT
 public:
@@ -19,6 +20,19 @@ public:
     Ui::PlayerSetupPage ui;
 
     void readAnswersInto(torvik::ComposerInput& in) const;
+
+private:
+    void useModelAndSkin(bool on);
+    // False when the program ended over a folder it couldn't read.
+    bool getModels();
+    bool getSkins();
+    void showSkinPictures();
+    void showEnlargedSkin();
+    void viewModel();
+
+    QString playersFolder() const;
+    QString modelFolder() const;
+    QString skinFile(const QString& suffix) const;
 };
 
 } // namespace pages

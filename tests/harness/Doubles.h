@@ -2,6 +2,7 @@
 // Stand-ins for the desktop services, shared by the scenario runner and the
 // unit tests: boxes answered from a queue, process starts and the end of the
 // program recorded instead of happening.
+#include "media/Sound.h"
 #include "platform/Dialogs.h"
 #include "platform/Process.h"
 #include "platform/Random.h"
@@ -100,6 +101,19 @@ public:
 
     std::vector<platform::ProcessStart> starts;
     int failNext = 0;
+};
+
+// Sounds recorded, not played.
+class RecordingSounds : public media::SoundPlayer {
+public:
+    RecordingSounds();
+    ~RecordingSounds() override;
+    RecordingSounds(const RecordingSounds&) = delete;
+    RecordingSounds& operator=(const RecordingSounds&) = delete;
+
+    bool play(const QString& wavPath) override;
+
+    QStringList played;
 };
 
 // Random values handed out in the order queued; once the queue is empty, the

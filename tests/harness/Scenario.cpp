@@ -17,6 +17,7 @@
 #include "wizard/Program.h"
 
 #include <QApplication>
+#include <QColor>
 #include <QDialog>
 #include <QDir>
 #include <QDirIterator>
@@ -366,6 +367,7 @@ private:
 
     std::unique_ptr<RecordingDialogs> dialogs_;
     std::unique_ptr<RecordingLauncher> launcher_;
+    std::unique_ptr<RecordingSounds> sounds_;
     std::unique_ptr<ExitRecorder> exit_;
     std::unique_ptr<ScriptedRandom> random_;
     int lastRandomLine_ = 0;
@@ -375,6 +377,7 @@ private:
     bool stopped_ = false;
     int beepsSeen_ = 0;
     size_t launchesSeen_ = 0;
+    qsizetype soundsSeen_ = 0;
 
     std::vector<std::shared_ptr<Frame>> running_;
     std::vector<std::shared_ptr<Frame>> settling_;
@@ -571,6 +574,13 @@ QString Interpreter::validateCheck(const Line& line) const
             return e;
         return needNumber(2);
     }
+    if (subject == QLatin1String("sounds")) {
+        if (QString e = need(1, "sounds N"); !e.isEmpty())
+            return e;
+        return needNumber(2);
+    }
+    if (subject == QLatin1String("sound"))
+        return need(1, "sound PATH");
     if (subject == QLatin1String("ended")) {
         if (QString e = need(1, "ended yes|no"); !e.isEmpty())
             return e;
@@ -621,6 +631,24 @@ QString Interpreter::validateCheck(const Line& line) const
         property == QLatin1String("marked") || property == QLatin1String("headers") ||
         property == QLatin1String("enabled-items"))
         return QString();
+    if (property == QLatin1String("image-file"))
+        return rest == 2 ? QString() : QStringLiteral("use: check %1 image-file PATH").arg(subject);
+    if (property == QLatin1String("blank")) {
+        if (rest != 2)
+            return QStringLiteral("use: check %1 blank yes|no").arg(subject);
+        return needBool(3);
+    }
+    if (property == QLatin1String("pixel")) {
+        bool okX = false;
+        bool okY = false;
+        const double fx = line.word(3).toDouble(&okX);
+        const double fy = line.word(4).toDouble(&okY);
+        if (rest != 4 || !QColor::isValidColorName(line.word(5)) || !line.word(5).startsWith(QLatin1Char('#')))
+            return QStringLiteral("use: check %1 pixel FX FY #RRGGBB").arg(subject);
+        if (!okX || !okY || fx < 0 || fx > 1 || fy < 0 || fy > 1)
+            return QStringLiteral("pixel takes fractions from 0 to 1 of the box");
+        return QString();
+    }
     if (property == QLatin1String("item-enabled")) {
         if (rest != 3)
             return QStringLiteral("use: check %1 item-enabled ITEM yes|no").arg(subject);
@@ -1065,6 +1093,17 @@ void Interpreter::doCheck(const Line& line)
         compare(QStringLiteral("launches"), line.word(2), QString::number(found));
         return;
     }
+    if (subject == QLatin1String("sounds")) {
+        const qsizetype found = sounds_->played.size() - soundsSeen_;
+        soundsSeen_ = sounds_->played.size();
+        compare(QStringLiteral("sounds"), line.word(2), QString::number(found));
+        return;
+    }
+    if (subject == QLatin1String("sound")) {
+        compare(QStringLiteral("sound"), quoteText(line.word(2)),
+                sounds_->played.isEmpty() ? QStringLiteral("no sound played") : quoteText(sounds_->played.last()));
+        return;
+    }
     if (subject == QLatin1String("ended")) {
         compare(QStringLiteral("ended"), yesNo(*ui::parseBool(line.word(2))), yesNo(ended()));
         return;
@@ -1230,6 +1269,22 @@ void Interpreter::checkTarget(const Line& line)
             problem = ui::readHeaders(object, &found);
         if (problem.isEmpty())
             compare(listText(expected), listText(found));
+    } else if (property == QLatin1String("image-file")) {
+        QString found;
+        problem = ui::readPictureFile(object, &found);
+        if (problem.isEmpty())
+            compare(quoteText(line.word(3)), quoteText(found));
+    } else if (property == QLatin1String("blank")) {
+        bool blank = false;
+        problem = ui::readBlank(object, &blank);
+        if (problem.isEmpty())
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(blank));
+    } else if (property == QLatin1String("pixel")) {
+        QString found;
+        problem = ui::readPixel(object, line.word(3).toDouble(), line.word(4).toDouble(), &found);
+        if (problem.isEmpty() && found.compare(line.word(5), Qt::CaseInsensitive) != 0)
+            fail(n, QStringLiteral("expected %1 pixel %2 %3 %4 / found %5")
+                        .arg(target, line.word(3), line.word(4), line.word(5).toUpper(), found));
     } else if (property == QLatin1String("item-enabled")) {
         bool on = false;
         problem = ui::readItemEnabled(object, line.word(3), &on);
@@ -1289,6 +1344,7 @@ ScenarioResult Interpreter::run()
 
     dialogs_ = std::make_unique<RecordingDialogs>();
     launcher_ = std::make_unique<RecordingLauncher>();
+    sounds_ = std::make_unique<RecordingSounds>();
     exit_ = std::make_unique<ExitRecorder>();
     random_ = std::make_unique<ScriptedRandom>();
     dialogs_->onProblem = [this](const QString& problem) { fail(currentLine(), problem); };
@@ -1337,6 +1393,7 @@ ScenarioResult Interpreter::run()
     exit_.reset();
     random_.reset();
     launcher_.reset();
+    sounds_.reset();
     dialogs_.reset();
 
     result_.passed = result_.failures.empty();

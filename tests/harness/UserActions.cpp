@@ -1,6 +1,7 @@
 #include "UserActions.h"
 
 #include "media/Graphics.h"
+#include "media/Pictures.h"
 #include "platform/Controls.h"
 #include "platform/Timer.h"
 
@@ -10,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QColor>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDoubleSpinBox>
@@ -475,6 +477,55 @@ QString readPicture(QObject* c, QString* found)
     if (!label)
         return kindError(c, "picture");
     *found = label->property(media::kPictureKeyProperty).toString();
+    return QString();
+}
+
+QString readPictureFile(QObject* c, QString* found)
+{
+    auto* label = qobject_cast<QLabel*>(c);
+    if (!label)
+        return kindError(c, "image-file");
+    *found = label->property(media::kPictureFileProperty).toString();
+    return QString();
+}
+
+namespace {
+
+// What the box's inner area shows, as drawn on the screen.
+QImage innerArea(QLabel* box)
+{
+    return box->grab(box->contentsRect()).toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+} // namespace
+
+QString readPixel(QObject* c, double fx, double fy, QString* found)
+{
+    auto* label = qobject_cast<QLabel*>(c);
+    if (!label)
+        return kindError(c, "pixel");
+    const QImage area = innerArea(label);
+    if (area.isNull())
+        return QStringLiteral("an empty picture box");
+    const int x = qBound(0, int(fx * area.width()), area.width() - 1);
+    const int y = qBound(0, int(fy * area.height()), area.height() - 1);
+    *found = QColor(area.pixel(x, y)).name().toUpper();
+    return QString();
+}
+
+QString readBlank(QObject* c, bool* found)
+{
+    auto* label = qobject_cast<QLabel*>(c);
+    if (!label)
+        return kindError(c, "blank");
+    const QImage area = innerArea(label);
+    *found = true;
+    for (int y = 0; y < area.height() && *found; ++y)
+        for (int x = 0; x < area.width(); ++x)
+            if (area.pixel(x, y) != area.pixel(0, 0)) {
+                *found = false;
+                break;
+            }
     return QString();
 }
 

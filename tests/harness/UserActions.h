@@ -37,6 +37,13 @@ QString readOnTop(QObject* control, bool* found);
 QString readFocused(QObject* control, bool* found);
 // The picture key an image control shows ("" when it shows none).
 QString readPicture(QObject* control, QString* found);
+// The file a game picture box shows ("" when it shows none).
+QString readPictureFile(QObject* control, QString* found);
+// The colour ("#rrggbb") the user sees at a point of the box's inner area,
+// given as fractions of its width and height.
+QString readPixel(QObject* control, double fx, double fy, QString* found);
+// True when the box's inner area shows one colour throughout.
+QString readBlank(QObject* control, bool* found);
 // Rows of list, tree and report views (every item, depth first, first
 // column), combo box rows, tab captions, menu items.
 QString readRows(QObject* control, QStringList* found);

@@ -119,10 +119,12 @@ QByteArray paletteFor(Rgb base)
     return pal;
 }
 
-// ZSoft PCX, version 5, one 8-bit plane, run-length encoded, palette at the
-// end behind its 0x0C mark: the kind of file the game's skins are.
-QByteArray encodePcx(const Picture& pic)
+// ZSoft PCX, version 5, run-length encoded: one 8-bit plane with the palette
+// at the end behind its 0x0C mark, the kind of file the game's skins are; or,
+// with trueColour, three planes of red, green and blue and no palette.
+QByteArray encodePcx(const Picture& pic, bool trueColour = false)
 {
+    const int planes = trueColour ? 3 : 1;
     const int bytesPerLine = pic.width + (pic.width & 1); // lines are even
     QByteArray out;
     out.append(char(0x0a)); // ZSoft
@@ -137,7 +139,7 @@ QByteArray encodePcx(const Picture& pic)
     putLe16(out, 72);
     out.append(QByteArray(48, '\0')); // 16-colour palette, unused at 8 bits
     out.append(char(0));
-    out.append(char(1)); // planes
+    out.append(char(planes));
     putLe16(out, bytesPerLine);
     putLe16(out, 1); // colour palette
     putLe16(out, 0);
@@ -145,28 +147,35 @@ QByteArray encodePcx(const Picture& pic)
     out.append(QByteArray(54, '\0'));
 
     for (int y = 0; y < pic.height; ++y) {
-        QByteArray line = pic.pixels.mid(qsizetype(y) * pic.width, pic.width);
-        line.append(QByteArray(bytesPerLine - pic.width, '\0'));
-        // Runs stop at the end of a line: older readers decode line by line.
-        for (int x = 0; x < bytesPerLine;) {
-            const char value = line[x];
-            int run = 1;
-            while (x + run < bytesPerLine && run < 63 && line[x + run] == value)
-                ++run;
-            if (run > 1 || quint8(value) >= 0xc0)
-                out.append(char(0xc0 | run));
-            out.append(value);
-            x += run;
+        for (int plane = 0; plane < planes; ++plane) {
+            QByteArray line = pic.pixels.mid(qsizetype(y) * pic.width, pic.width);
+            if (trueColour)
+                for (char& p : line)
+                    p = pic.palette[3 * quint8(p) + plane];
+            line.append(QByteArray(bytesPerLine - pic.width, '\0'));
+            // Runs stop at the end of a line: older readers decode line by line.
+            for (int x = 0; x < bytesPerLine;) {
+                const char value = line[x];
+                int run = 1;
+                while (x + run < bytesPerLine && run < 63 && line[x + run] == value)
+                    ++run;
+                if (run > 1 || quint8(value) >= 0xc0)
+                    out.append(char(0xc0 | run));
+                out.append(value);
+                x += run;
+            }
         }
     }
-    out.append(char(0x0c));
-    out.append(pic.palette);
+    if (!trueColour) {
+        out.append(char(0x0c));
+        out.append(pic.palette);
+    }
     return out;
 }
 
 // A skin sheet: the base colour with bands, a stripe, a frame and an accent
 // mark, so a stretched display still shows which skin it is.
-QByteArray skinPicture(Rgb base)
+QByteArray skinPicture(Rgb base, bool trueColour = false)
 {
     Picture pic{96, 64, QByteArray(96 * 64, char(Base)), paletteFor(base)};
     for (int y = 12; y < pic.height; y += 16)
@@ -180,7 +189,7 @@ QByteArray skinPicture(Rgb base)
     pic.fill(70, 40, 10, 6, White);
     for (int x = 60; x < 90; x += 2) // single accent pixels: the escaped form
         pic.fill(x, 52, 1, 1, Accent);
-    return encodePcx(pic);
+    return encodePcx(pic, trueColour);
 }
 
 // The face icon the bot lists show: a round face in the skin's colour.
@@ -280,6 +289,8 @@ struct DemoModel {
     QList<DemoSkin> skins;
     QList<const char*> sounds;
     bool weaponSkin; // "weapon.pcx", which the skin list must leave out
+    bool meshOnDisk = true; // else the mesh is only in baseq2/pak1.pak, or nowhere
+    bool trueColour = false; // skins as 24-bit pictures
 };
 
 const QList<DemoModel>& demoModels()
@@ -295,6 +306,13 @@ const QList<DemoModel>& demoModels()
          false},
         {"cyborg", "cyborg", {{"unit7", {120, 120, 130}, true}, {"chrome", {200, 200, 215}, true}}, {}, false},
         {"skarn", "Skarn", {{"ember", {210, 50, 20}, true}, {"frost", {90, 180, 230}, true}}, {"growl.wav"}, false},
+        // Skins of the user's own beside a mesh that lives in an archive, and
+        // names the skin list must tell apart.
+        {"grunt", "grunt",
+         {{"olive", {110, 120, 40}, true}, {"Weapon2", {90, 60, 30}, false}, {"foo_i", {200, 0, 200}, false}},
+         {}, false, false, true},
+        // Skins with no mesh anywhere: not a model, but not ours to delete.
+        {"decals", "decals", {{"stripe", {250, 250, 0}, true}}, {}, false, false},
     };
     return models;
 }
@@ -473,7 +491,9 @@ QList<PakMember> basePak0()
 
 QList<PakMember> basePak1()
 {
-    return {{mapEntry("demo_arena"), fakeBsp("Demo Arena")}, {mapEntry("demo_canyon"), fakeBsp("Demo Canyon")}};
+    return {{mapEntry("demo_arena"), fakeBsp("Demo Arena")},
+            {mapEntry("demo_canyon"), fakeBsp("Demo Canyon")},
+            {"players/grunt/tris.md2", fakeMd2(64, 32)}};
 }
 
 QList<PakMember> gorvanPak()
@@ -612,11 +632,11 @@ bool createDemoInstall(const QString& root, QString* error, const DemoOptions& o
         auto ext = [windows](const char* plain) { return windows ? QString::fromLatin1(plain).toUpper() : QString::fromLatin1(plain); };
         QString folder;
         if (!w.folder(players, QString::fromLatin1(mixed ? model.mixedFolder : model.folder), &folder)
-            || !w.file(folder, name(QStringLiteral("tris")) + ext(".md2"), fakeMd2(96, 64)))
+            || (model.meshOnDisk && !w.file(folder, name(QStringLiteral("tris")) + ext(".md2"), fakeMd2(96, 64))))
             return false;
         for (const DemoSkin& skin : model.skins) {
             const QString stem = name(QString::fromLatin1(skin.name));
-            if (!w.file(folder, stem + ext(".pcx"), skinPicture(skin.colour)))
+            if (!w.file(folder, stem + ext(".pcx"), skinPicture(skin.colour, model.trueColour)))
                 return false;
             if (skin.face && !w.file(folder, stem + ext("_i.pcx"), facePicture(skin.colour)))
                 return false;
