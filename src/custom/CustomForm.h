@@ -7,6 +7,9 @@
 namespace torvik {
 struct CustomOption;
 }
+namespace datafile {
+struct FlagState;
+}
 
 namespace custom {
 
@@ -21,6 +24,13 @@ public:
     // Node by node in the order of both trees: whether the node is on, and
     // the text of its shadow.
     QList<torvik::CustomOption> commandOptions() const;
+
+    bool hasNodes() const;
+    // The flags' names and states in tree order, categories left out.
+    QList<datafile::FlagState> flagStates() const;
+    // Each state goes to the first flag of its name; names no flag has are
+    // passed over.
+    void applyFlagStates(const QList<datafile::FlagState>& states);
 };
 
 } // namespace custom

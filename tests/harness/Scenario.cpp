@@ -112,6 +112,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         };
         text("ProgramFolder", &torvik::ProgramFolder);
         number("DataFileMode", &torvik::DataFileMode);
+        number("SaveRefused", &torvik::SaveRefused);
         text("DataFileName", &torvik::DataFileName);
         text("CompanionFileName", &torvik::CompanionFileName);
         number("RebuildCTFBots", &torvik::RebuildCTFBots);
