@@ -152,4 +152,8 @@ TEST(DataFile, DamagedAtRandom)
         EXPECT_EQ(readDataFile(again).status, ReadResult::Loaded);
         readCompanion(file);
     }
+    // Ten megabytes of a file of another kind, and of one that passes the mark.
+    QByteArray big(10 * 1024 * 1024, ' ');
+    EXPECT_EQ(readDataFile(big).status, ReadResult::Old);
+    EXPECT_EQ(readDataFile(big.replace(0, 2, "29")).status, ReadResult::Damaged);
 }
