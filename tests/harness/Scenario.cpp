@@ -622,11 +622,13 @@ QString Interpreter::validateCheck(const Line& line) const
         property == QLatin1String("marked") || property == QLatin1String("headers") ||
         property == QLatin1String("enabled-items"))
         return QString();
-    if (property == QLatin1String("item-enabled")) {
+    if (property == QLatin1String("item-enabled") || property == QLatin1String("expanded")) {
         if (rest != 3)
-            return QStringLiteral("use: check %1 item-enabled ITEM yes|no").arg(subject);
+            return QStringLiteral("use: check %1 %2 ITEM yes|no").arg(subject, property);
         return needBool(4);
     }
+    if (property == QLatin1String("image"))
+        return rest == 3 ? QString() : QStringLiteral("use: check %1 image ITEM N").arg(subject);
     if (property == QLatin1String("cells"))
         return rest >= 2 ? QString() : QStringLiteral("use: check %1 cells ITEM TEXT...").arg(subject);
     return QStringLiteral("unknown property \"%1\"").arg(property);
@@ -1239,6 +1241,18 @@ void Interpreter::checkTarget(const Line& line)
             if (*ui::parseBool(line.word(4)) != on)
                 fail(n, QStringLiteral("expected %1 %2 / found %3").arg(itemWhat, yesNo(!on), yesNo(on)));
         }
+    } else if (property == QLatin1String("expanded")) {
+        bool on = false;
+        problem = ui::readExpanded(object, line.word(3), &on);
+        if (problem.isEmpty() && *ui::parseBool(line.word(4)) != on)
+            fail(n, QStringLiteral("expected %1 expanded %2 %3 / found %4")
+                        .arg(target, quoteText(line.word(3)), yesNo(!on), yesNo(on)));
+    } else if (property == QLatin1String("image")) {
+        QString found;
+        problem = ui::readImage(object, line.word(3), &found);
+        if (problem.isEmpty() && found != line.word(4))
+            fail(n, QStringLiteral("expected %1 image %2 %3 / found %4")
+                        .arg(target, quoteText(line.word(3)), line.word(4), found));
     } else if (property == QLatin1String("cells")) {
         QStringList expected;
         for (qsizetype i = 4; i < line.words.size(); ++i)
