@@ -173,11 +173,15 @@ qsizetype CustomForm::indexOf(const QTreeWidgetItem* shown) const
 void CustomForm::readScript()
 {
     clearTrees();
+    partlyRead_ = false;
     const QString path = platform::resolvePath(scriptPath());
     QByteArray bytes;
     if (path.isEmpty() || !platform::readFile(path, bytes))
         return;
-    for (const ScriptNode& node : custom::readScript(bytes)) {
+    bool whole = false;
+    const QList<ScriptNode> nodes = custom::readScript(bytes, &whole);
+    partlyRead_ = !whole;
+    for (const ScriptNode& node : nodes) {
         QTreeWidgetItem* parent = nullptr;
         for (QTreeWidgetItem* item : shown_)
             if (isCategory(item) && item->text(0).compare(node.parent, Qt::CaseInsensitive) == 0)
@@ -214,6 +218,20 @@ bool CustomForm::saveScript()
     }
     const QString path = scriptPath();
     const QString old = platform::resolvePath(path);
+    // Saving writes only what the tree holds: the lines of a damaged script
+    // that couldn't be read go to a copy first, or they would be lost.
+    if (partlyRead_ && !old.isEmpty()) {
+        const QString kept = platform::programContext.inProgramFolder(QStringLiteral("Script.old"));
+        if (!platform::copyFile(old, kept)) {
+            platform::beep();
+            platform::msgBox(QStringLiteral("Couldn't keep the damaged Script.TK as %1! It stays as it is.").arg(kept));
+            return false;
+        }
+        platform::msgBox(QStringLiteral("Script.TK had lines that couldn't be read. The old file is kept as %1.")
+                             .arg(kept),
+                         platform::Buttons::Ok, platform::Icon::Exclamation);
+        partlyRead_ = false;
+    }
     if (!platform::writeFile(path, writeScript(nodes))) {
         platform::beep();
         platform::msgBox(QStringLiteral("Couldn't save %1!").arg(path));

@@ -78,6 +78,8 @@ private:
     bool newNode_ = false;
     // Changes made here are no label edits of the user.
     bool quiet_ = false;
+    // Script.TK had lines past the last one read: the next save keeps them.
+    bool partlyRead_ = false;
 };
 
 } // namespace custom

@@ -38,9 +38,11 @@ bool readFlag(const QString& body, qsizetype pos, ScriptNode* node)
 
 } // namespace
 
-QList<ScriptNode> readScript(const QByteArray& bytes)
+QList<ScriptNode> readScript(const QByteArray& bytes, bool* whole)
 {
     QList<ScriptNode> nodes;
+    if (whole)
+        *whole = false;
     QHash<QString, int> depthOfCategory; // upper-cased names
     QHash<QString, bool> taken;
     for (QByteArray raw : bytes.split('\n')) {
@@ -51,30 +53,30 @@ QList<ScriptNode> readScript(const QByteArray& bytes)
             continue;
         // Between the opening quote with the kind and the closing quote.
         if (!line.startsWith(QLatin1Char('"')) || !line.endsWith(QLatin1Char('"')) || line.size() < 4)
-            break;
+            return nodes;
         const QString body = line.mid(2, line.size() - 3);
         const char kind = char(line[1].unicode());
         ScriptNode node;
         qsizetype pos = 1;
         if (!body.startsWith(QLatin1Char('{')))
-            break;
+            return nodes;
         if (kind == '1' || kind == '0') {
             if (body.mid(1, 1) != QLatin1String("}"))
-                break;
+                return nodes;
             pos = 2;
         } else if (!gather(body, pos, QLatin1Char('}'), &node.parent) || node.parent.isEmpty()) {
-            break;
+            return nodes;
         }
         if (kind == '1' || kind == '3')
             node.name = body.mid(pos);
         else if (!readFlag(body, pos, &node))
-            break;
+            return nodes;
         if (node.name.isEmpty() || taken.contains(node.name.toUpper()))
-            break;
+            return nodes;
         if (!node.parent.isEmpty()) {
             const auto parent = depthOfCategory.constFind(node.parent.toUpper());
             if (parent == depthOfCategory.constEnd())
-                break;
+                return nodes;
             node.depth = *parent + 1;
         }
         taken.insert(node.name.toUpper(), true);
@@ -82,6 +84,8 @@ QList<ScriptNode> readScript(const QByteArray& bytes)
             depthOfCategory.insert(node.name.toUpper(), node.depth);
         nodes << node;
     }
+    if (whole)
+        *whole = true;
     return nodes;
 }
 

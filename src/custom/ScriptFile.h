@@ -21,8 +21,9 @@ struct ScriptNode {
 // Reads to the end or to the first line that can't stand: one whose parent
 // is no category read before it, whose name is taken already without regard
 // to case, or whose braces are missing. The nodes before it stay; lines of
-// another kind are passed over.
-QList<ScriptNode> readScript(const QByteArray& bytes);
+// another kind are passed over. whole, when given, tells whether the reading
+// went to the end.
+QList<ScriptNode> readScript(const QByteArray& bytes, bool* whole = nullptr);
 // The nodes in the order given, each with its kind: 1 and 3 categories at
 // the top and below, 0, 2 and 4 flags at the top, one down and deeper.
 QByteArray writeScript(const QList<ScriptNode>& nodes);
