@@ -235,7 +235,7 @@ ReadResult readDataFile(const QByteArray& bytes)
     }
     result.status = ReadResult::Damaged;
     a.gameType = r.at(1);
-    if (a.gameType < '1' || a.gameType > '4')
+    if (a.gameType < '1' || a.gameType > '4' || bytes.size() > kLargestDataFile)
         return result;
     a.map = Reader::withoutBlanks(r.take(3, 25));
     if (a.gameType == '4') {

@@ -43,6 +43,11 @@ struct SavedAnswers {
 
 QByteArray writeDataFile(const SavedAnswers& answers);
 
+// A saved pass takes a few hundred bytes and some more per chosen bot; a
+// file far beyond that is no data file, and its name lists would only fill
+// the memory.
+constexpr qsizetype kLargestDataFile = 1 << 20;
+
 struct ReadResult {
     enum Status { Loaded, Old, Damaged } status = Damaged;
     SavedAnswers answers;
