@@ -199,8 +199,15 @@ void CustomForm::readScript()
 bool CustomForm::saveScript()
 {
     QList<ScriptNode> nodes;
+    // A category left without a name (its edit cancelled) can't be written:
+    // its line would end the next reading. It stays out, with what is below it.
+    QList<const QTreeWidgetItem*> unnamed;
     for (qsizetype i = 0; i < shown_.size(); ++i) {
         const QTreeWidgetItem* node = shown_[i];
+        if (node->text(0).isEmpty() || unnamed.contains(node->parent())) {
+            unnamed << node;
+            continue;
+        }
         ScriptNode n;
         n.name = node->text(0);
         n.depth = depthOf(node);
