@@ -2,6 +2,7 @@
 
 #include "command/Composer.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 
 #include <QEvent>
 
@@ -58,6 +59,22 @@ void AdvancedForm::readAnswersInto(torvik::ComposerInput& in) const
     in.address[1] = ui.Text2->text();
     in.address[2] = ui.Text3->text();
     in.address[3] = ui.Text4->text();
+}
+
+void AdvancedForm::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    const QString prefix = QStringLiteral("Advanced.");
+    saveChecks(saved, {ui.Check16, ui.Check1, ui.Check2, ui.Check3, ui.Check4, ui.Check5, ui.Check6}, prefix);
+    saveTexts(saved, {ui.Text1, ui.Text2, ui.Text3, ui.Text4}, prefix);
+    saved.rateIndex = ui.Combo8->currentIndex();
+}
+
+void AdvancedForm::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    const QString prefix = QStringLiteral("Advanced.");
+    restoreChecks(saved, {ui.Check16, ui.Check1, ui.Check2, ui.Check3, ui.Check4, ui.Check5, ui.Check6}, prefix);
+    restoreTexts(saved, {ui.Text1, ui.Text2, ui.Text3, ui.Text4}, prefix);
+    chooseRow(ui.Combo8, saved.rateIndex);
 }
 
 } // namespace pages

@@ -7,6 +7,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // Multiplayer options: dedicated server, a server to connect to, the
@@ -17,6 +20,10 @@ class AdvancedForm : public QDialog {
 public:
     explicit AdvancedForm(QWidget* parent = nullptr);
     Ui::AdvancedForm ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
 
     // The game runs as a dedicated server, which moves the command's cut.
     bool dedicated() const;

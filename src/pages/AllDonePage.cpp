@@ -2,6 +2,7 @@
 
 #include "command/Composer.h"
 #include "maps/MapCycles.h"
+#include "pages/SavedControls.h"
 #include "pages/StartMapPage.h"
 #include "pages/WizardState.h"
 #include "platform/Dialogs.h"
@@ -109,6 +110,66 @@ void AllDonePage::offerToRemoveHomeConfigs()
 
 void AllDonePage::holdStart() { ui.Start->setEnabled(false); }
 
+void AllDonePage::setSaveSources(std::function<datafile::SavedAnswers()> answers,
+                                 std::function<QList<datafile::FlagState>()> flags)
+{
+    answers_ = std::move(answers);
+    flags_ = std::move(flags);
+}
+
+// The data file and its companion under the title of Text6 in the Saved
+// folder. A refusal sets saveRefused, which holds the launch. The data file
+// is written first, so that a failed write leaves the old set as it was.
+void AllDonePage::saveDataFile()
+{
+    const QString title = ui.Text6->text();
+    if (title.isEmpty()) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("You must have a titlename!"), platform::Buttons::Ok, platform::Icon::None,
+                         QString());
+        wizardState.saveRefused = 1;
+        return;
+    }
+    // A title is a file name in the Saved folder and nowhere else.
+    if (title.contains(QLatin1Char('/')) || title == QLatin1String(".") || title == QLatin1String("..")) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("A titlename can't hold \"/\" or be \".\" or \"..\"!"), platform::Buttons::Ok,
+                         platform::Icon::None, QString());
+        wizardState.saveRefused = 1;
+        return;
+    }
+    const QString folder = platform::programContext.inProgramFolder(QStringLiteral("Saved"));
+    const QString path = platform::joinPath(folder, title + QStringLiteral(".tkd"));
+    const QString existing = platform::resolvePath(path);
+    if (!existing.isEmpty()) {
+        platform::beep();
+        if (platform::msgBox(QStringLiteral("File already exists!  Copy over file?"), platform::Buttons::YesNo,
+                             platform::Icon::Question, QStringLiteral("Copy Over"))
+            != platform::Answer::Yes) {
+            ui.Text6->setText(QString());
+            wizardState.saveRefused = 1;
+            return;
+        }
+    }
+    const QByteArray data = datafile::writeDataFile(answers_ ? answers_() : datafile::SavedAnswers{});
+    const QList<datafile::FlagState> flags = flags_ ? flags_() : QList<datafile::FlagState>{};
+    const QString companion = platform::joinPath(folder, title + QStringLiteral(".tke"));
+    const QString oldCompanion = platform::resolvePath(companion);
+    const bool written = platform::writeFile(path, data)
+                         && (flags.isEmpty() || platform::writeFile(companion, datafile::writeCompanion(flags)));
+    if (!written) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Couldn't save the data file %1!").arg(path));
+        wizardState.saveRefused = 1;
+        return;
+    }
+    // The file of the title spelt in another case is the one replaced.
+    if (!existing.isEmpty() && existing != path)
+        QFile::remove(existing);
+    if (!oldCompanion.isEmpty() && (flags.isEmpty() || oldCompanion != companion))
+        QFile::remove(oldCompanion);
+}
+
 // Saving the answers and the chosen map cycle come before the launch; a
 // single player game starts its map directly, the others run the head with
 // the configuration file.
@@ -116,8 +177,15 @@ void AllDonePage::startGame()
 {
     const platform::ProgramContext& context = platform::programContext;
     const QString folder = context.gameFolder();
-    if (ui.Check26->isChecked() && ui.Check44->isChecked())
+    if (ui.Check26->isChecked()) {
+        saveDataFile();
+        if (ui.Check44->isChecked())
+            return;
+    }
+    if (wizardState.saveRefused == 1) {
+        wizardState.saveRefused = 0;
         return;
+    }
     if (!torvik::FixMapCycle(startMap_->chosenCycle(), startMap_->firstCycleRow()))
         return;
 
@@ -139,5 +207,9 @@ void AllDonePage::startGame()
     if (ui.Check30->isChecked())
         platform::exitProgram();
 }
+
+void AllDonePage::saveAnswersInto(datafile::SavedAnswers& saved) const { saveChecks(saved, {ui.Check26}); }
+
+void AllDonePage::restoreAnswersFrom(const datafile::SavedAnswers& saved) { restoreChecks(saved, {ui.Check26}); }
 
 } // namespace pages

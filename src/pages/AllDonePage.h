@@ -1,12 +1,19 @@
 #pragma once
 #include "ui_AllDonePage.h"
 
+#include <QList>
 #include <QWidget>
+
+#include <functional>
 
 namespace platform {
 class Timer;
 }
 
+namespace datafile {
+struct SavedAnswers;
+struct FlagState;
+}
 namespace pages {
 
 class StartMapPage;
@@ -19,6 +26,10 @@ public:
     explicit AllDonePage(QWidget* parent = nullptr);
 
     Ui::AllDonePage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
     // Enables Start a moment after the configuration was written.
     platform::Timer* Timer6;
     // The head of the command, cut out of it on entering the page.
@@ -37,13 +48,20 @@ public:
     void prepareLaunch(const QString& command, bool dedicated);
     // Going back: Start waits for the next preparation.
     void holdStart();
+    // What Start saves when asked: the answers of every page, and the
+    // custom flags' states for the companion.
+    void setSaveSources(std::function<datafile::SavedAnswers()> answers,
+                        std::function<QList<datafile::FlagState>()> flags);
 
 private:
     void showSaveChoice(bool save);
+    void saveDataFile();
     void startGame();
     void offerToRemoveHomeConfigs();
 
     const StartMapPage* startMap_ = nullptr;
+    std::function<datafile::SavedAnswers()> answers_;
+    std::function<QList<datafile::FlagState>()> flags_;
     // The user is asked about stale configurations once a run.
     bool homeConfigsAsked_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include "command/Composer.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
 namespace pages {
@@ -119,6 +120,43 @@ void CTFflagsPage::readAnswersInto(torvik::ComposerInput& in) const
         in.blueBots << ui.List6->item(i)->text();
     in.teamChoice = ui.Combo7->currentIndex();
     in.dmflags.merge(flagBoxes());
+}
+
+void CTFflagsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saveChecks(saved, {ui.Check27, ui.Check28, ui.Check29, ui.Check36, ui.Check37, ui.Check38, ui.Check45, ui.Check46});
+    saveTexts(saved, {ui.Text16}, {}, true);
+    saveTexts(saved, {ui.Text14, ui.Text15});
+    saved.teamChoice = ui.Combo7->currentIndex();
+    saved.redBots.clear();
+    saved.blueBots.clear();
+    for (int i = 0; i < ui.List5->count(); ++i)
+        saved.redBots << ui.List5->item(i)->text();
+    for (int i = 0; i < ui.List6->count(); ++i)
+        saved.blueBots << ui.List6->item(i)->text();
+}
+
+// Only bots that are chosen go into the team lists: a file read where no bot
+// was chosen brings fragments of other fields, which no bot is called.
+void CTFflagsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved, const QStringList& chosenBots)
+{
+    restoreChecks(saved, {ui.Check27, ui.Check28, ui.Check29, ui.Check36, ui.Check37, ui.Check38, ui.Check45,
+                          ui.Check46});
+    restoreTexts(saved, {ui.Text16}, {}, true);
+    restoreTexts(saved, {ui.Text14, ui.Text15});
+    chooseRow(ui.Combo7, saved.teamChoice);
+    ui.List4->clear();
+    ui.List5->clear();
+    ui.List6->clear();
+    for (const QString& name : saved.redBots)
+        if (chosenBots.contains(name))
+            ui.List5->addItem(name);
+    for (const QString& name : saved.blueBots)
+        if (chosenBots.contains(name))
+            ui.List6->addItem(name);
+    for (const QString& name : chosenBots)
+        if (!saved.redBots.contains(name) && !saved.blueBots.contains(name))
+            ui.List4->addItem(name);
 }
 
 } // namespace pages

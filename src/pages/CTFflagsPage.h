@@ -10,6 +10,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // Capture the Flag: its flags and limits on the first tab, and on the second
@@ -20,6 +23,11 @@ public:
     explicit CTFflagsPage(QWidget* parent = nullptr);
 
     Ui::CTFflagsPage ui;
+
+    // The answers a data file keeps, and putting them back from one; the
+    // team lists are made of the bots chosen.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved, const QStringList& chosenBots);
 
     // The bots per human may not pass the number of players, read off the
     // players box at the moment of typing.

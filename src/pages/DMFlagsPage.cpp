@@ -4,6 +4,7 @@
 #include "custom/CustomForm.h"
 #include "pages/AdvancedForm.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
 namespace pages {
@@ -68,6 +69,22 @@ void DMFlagsPage::readAnswersInto(torvik::ComposerInput& in) const
     in.maxPlayersOn = ui.Check31->isChecked();
     in.maxPlayers = ui.Text10->text();
     in.dmflags.merge(flagBoxes());
+}
+
+void DMFlagsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saveChecks(saved, {ui.Check2,  ui.Check3,  ui.Check4,  ui.Check5,  ui.Check6,  ui.Check7,  ui.Check8,
+                       ui.Check9,  ui.Check10, ui.Check11, ui.Check12, ui.Check13, ui.Check14, ui.Check15,
+                       ui.Check16, ui.Check17, ui.Check18, ui.Check19, ui.Check20, ui.Check31, ui.Check47});
+    saveTexts(saved, {ui.Text4, ui.Text3, ui.Text10}, {}, true);
+}
+
+void DMFlagsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    restoreChecks(saved, {ui.Check2,  ui.Check3,  ui.Check4,  ui.Check5,  ui.Check6,  ui.Check7,  ui.Check8,
+                          ui.Check9,  ui.Check10, ui.Check11, ui.Check12, ui.Check13, ui.Check14, ui.Check15,
+                          ui.Check16, ui.Check17, ui.Check18, ui.Check19, ui.Check20, ui.Check31, ui.Check47});
+    restoreTexts(saved, {ui.Text4, ui.Text3, ui.Text10}, {}, true);
 }
 
 } // namespace pages

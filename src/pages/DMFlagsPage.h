@@ -11,6 +11,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 class AdvancedForm;
@@ -23,6 +26,10 @@ public:
     explicit DMFlagsPage(QWidget* parent = nullptr);
 
     Ui::DMFlagsPage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
 
     // The two forms that the page's buttons open; they live as long as the
     // wizard, hidden in between.

@@ -1,5 +1,7 @@
 #include "pages/GameTypePage.h"
 
+#include "pages/SavedControls.h"
+
 namespace pages {
 
 GameTypePage::GameTypePage(QWidget* parent) : QWidget(parent)
@@ -38,5 +40,20 @@ QString GameTypePage::multiplayerChoice() const
 }
 
 void GameTypePage::disableTeamGame() { ui.Option2->setEnabled(false); }
+
+void GameTypePage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saved.gameType = ui.Option2->isChecked() ? '2' : ui.Option3->isChecked() ? '3' : ui.Option8->isChecked() ? '4' : '1';
+}
+
+// Any other mark leaves the radios as they are.
+void GameTypePage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    const std::pair<char, QRadioButton*> radios[] = {
+        {'1', ui.Option1}, {'2', ui.Option2}, {'3', ui.Option3}, {'4', ui.Option8}};
+    for (const auto& [mark, radio] : radios)
+        if (saved.gameType == mark)
+            radio->setChecked(true);
+}
 
 } // namespace pages

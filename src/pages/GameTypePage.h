@@ -3,6 +3,9 @@
 
 #include <QWidget>
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // The four game types. What a choice does to the rest of the wizard (the map
@@ -13,6 +16,10 @@ public:
     explicit GameTypePage(QWidget* parent = nullptr);
 
     Ui::GameTypePage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
 
     // "DM", "DMT" or "CTF" for the multiplayer radio that is on; empty while
     // single player is.

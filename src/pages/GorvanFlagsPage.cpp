@@ -2,6 +2,7 @@
 
 #include "command/Composer.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
 namespace pages {
@@ -39,6 +40,23 @@ void GorvanFlagsPage::readAnswersInto(torvik::ComposerInput& in) const
     in.tarzan = ui.Check40->isChecked();
     in.lagOn = ui.Check21->isChecked();
     in.lag = ui.Text5->text();
+}
+
+void GorvanFlagsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saveChecks(saved, {ui.Check1, ui.Check21, ui.Check22, ui.Check23, ui.Check24, ui.Check25, ui.Check32, ui.Check40});
+    saved.skill = ui.HScroll2->value();
+    saved.skillName = ui.Label31->text();
+    saveTexts(saved, {ui.Text5, ui.Text11}, {}, true);
+}
+
+void GorvanFlagsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    restoreChecks(saved, {ui.Check1, ui.Check21, ui.Check22, ui.Check23, ui.Check24, ui.Check25, ui.Check32,
+                          ui.Check40});
+    ui.Label31->setText(saved.skillName);
+    ui.HScroll2->setValue(saved.skill);
+    restoreTexts(saved, {ui.Text5, ui.Text11}, {}, true);
 }
 
 } // namespace pages

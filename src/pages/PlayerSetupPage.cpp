@@ -4,6 +4,7 @@
 #include "command/Composer.h"
 #include "media/EnlargedSkinForm.h"
 #include "media/Pictures.h"
+#include "pages/SavedControls.h"
 #include "pages/TextBoxes.h"
 #include "platform/Controls.h"
 #include "platform/Dialogs.h"
@@ -219,6 +220,31 @@ void PlayerSetupPage::viewModel()
                                 skin.isEmpty() ? platform::joinPath(folder, ui.Combo6->currentText() + QStringLiteral(".pcx")) : skin};
     if (!platform::launcher().start(platform::executableStart(viewer, arguments, plugins)))
         platform::msgBox(QStringLiteral("Couldn't view the model!"));
+}
+
+void PlayerSetupPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saveChecks(saved, {ui.Check35, ui.Check41, ui.Check42, ui.Check43});
+    saveTexts(saved, {ui.Text13});
+    saved.handIndex = ui.Combo3->currentIndex();
+    saved.crosshairIndex = ui.Combo4->currentIndex();
+    saved.model = ui.Combo5->currentText();
+    saved.skin = ui.Combo6->currentText();
+}
+
+// A list is set only when its box is on, as the box puts its first row up.
+void PlayerSetupPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    restoreChecks(saved, {ui.Check35, ui.Check41, ui.Check42, ui.Check43});
+    restoreTexts(saved, {ui.Text13});
+    if (ui.Check43->isChecked())
+        chooseRow(ui.Combo4, saved.crosshairIndex);
+    if (ui.Check42->isChecked()) {
+        chooseRowNamed(ui.Combo5, saved.model);
+        chooseRowNamed(ui.Combo6, saved.skin);
+    }
+    if (ui.Check41->isChecked())
+        chooseRow(ui.Combo3, saved.handIndex);
 }
 
 } // namespace pages

@@ -7,6 +7,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // The player's name, hand, crosshair, model and skin; each is sent only
@@ -18,6 +21,10 @@ public:
     explicit PlayerSetupPage(QWidget* parent = nullptr);
 
     Ui::PlayerSetupPage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
 
     void readAnswersInto(torvik::ComposerInput& in) const;
 

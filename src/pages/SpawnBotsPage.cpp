@@ -5,6 +5,7 @@
 #include "command/Composer.h"
 #include "pages/BotViews.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 #include "platform/Timer.h"
 
 namespace pages {
@@ -195,6 +196,31 @@ void SpawnBotsPage::readAnswersInto(torvik::ComposerInput& in) const
     in.specificBots = ui.Option5->isChecked();
     in.selectedCount = ui.Label36->text();
     in.selectedBots = chosenBots();
+}
+
+void SpawnBotsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saved.randomBots = !ui.Option5->isChecked();
+    saveTexts(saved, {ui.Text1});
+    saved.randomSlider = ui.HScroll1->value();
+    saved.chosenCount = ui.Label36->text();
+    saved.bots = chosenBots();
+}
+
+// Bots that left bots.cfg since the file was saved are left out, and the
+// counter counts those found.
+void SpawnBotsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    (saved.randomBots ? ui.Option4 : ui.Option5)->setChecked(true);
+    if (saved.randomBots) {
+        restoreTexts(saved, {ui.Text1});
+        ui.HScroll1->setValue(saved.randomSlider);
+    } else {
+        ui.Label36->setText(saved.chosenCount);
+        selectRowsNamed(ui.List2, saved.bots);
+    }
+    Timer2->setEnabled(false);
+    markChosenBots();
 }
 
 } // namespace pages

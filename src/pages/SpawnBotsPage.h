@@ -10,6 +10,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // The bots to play against: an amount of random bots, or bots picked from
@@ -21,6 +24,10 @@ public:
     explicit SpawnBotsPage(QWidget* parent = nullptr);
 
     Ui::SpawnBotsPage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
     // Defers the counter's update after the name list's selection changed.
     platform::Timer* Timer2;
     // 1-based row last clicked in the report view; 0 before any click.

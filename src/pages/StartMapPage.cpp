@@ -6,6 +6,7 @@
 #include "maps/MapCycles.h"
 #include "maps/MapTree.h"
 #include "maps/MapTreeView.h"
+#include "pages/SavedControls.h"
 #include "pages/WizardState.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -143,6 +144,18 @@ void StartMapPage::readAnswersInto(torvik::ComposerInput& in) const
 {
     in.mapmodRandom = ui.Check39->isChecked();
     in.map = ui.Label24->text();
+}
+
+void StartMapPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saved.map = ui.Label24->text();
+    saveChecks(saved, {ui.Check39});
+}
+
+void StartMapPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    ui.Label24->setText(saved.map);
+    restoreChecks(saved, {ui.Check39});
 }
 
 } // namespace pages

@@ -7,6 +7,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // The starting map: the tree of the maps the game type can start on, the
@@ -17,6 +20,10 @@ public:
     explicit StartMapPage(QWidget* parent = nullptr);
 
     Ui::StartMapPage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
     // 1 asks the next addMaps to leave the chosen map as it is.
     int KeepMapLabel = 0;
     // The text of the node last clicked in the tree.

@@ -4,7 +4,10 @@
 #include "command/Composer.h"
 #include "pages/BotViews.h"
 #include "pages/NumericBoxes.h"
+#include "pages/SavedControls.h"
 #include "platform/Dialogs.h"
+
+#include <QSignalBlocker>
 
 namespace pages {
 
@@ -129,6 +132,32 @@ void TeamsPage::readAnswersInto(torvik::ComposerInput& in) const
         in.teamRows << ui.List3->item(i)->text();
         in.teamSelected << ui.List3->item(i)->isSelected();
     }
+}
+
+void TeamsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
+{
+    saveTexts(saved, {ui.Text2});
+    saved.ownTeam = ui.Combo1->currentText();
+    saved.teams.clear();
+    for (int i = 0; i < ui.List3->count(); ++i)
+        if (ui.List3->item(i)->isSelected())
+            saved.teams << ui.List3->item(i)->text();
+}
+
+// Teams that left bots.cfg since the file was saved are left out. The
+// file's selection stands as saved, the own team too if it is there: a click
+// would take that one out, but the file's word is the last.
+void TeamsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
+{
+    restoreTexts(saved, {ui.Text2});
+    const int own = ui.Combo1->findText(saved.ownTeam);
+    if (own >= 0)
+        ui.Combo1->setCurrentIndex(own);
+    {
+        const QSignalBlocker quiet(ui.List3);
+        selectRowsNamed(ui.List3, saved.teams);
+    }
+    markChosenTeams();
 }
 
 } // namespace pages

@@ -7,6 +7,9 @@ namespace torvik {
 struct ComposerInput;
 }
 
+namespace datafile {
+struct SavedAnswers;
+}
 namespace pages {
 
 // The team game: the user's own team, the teams to fight in two views of one
@@ -18,6 +21,10 @@ public:
     explicit TeamsPage(QWidget* parent = nullptr);
 
     Ui::TeamsPage ui;
+
+    // The answers a data file keeps, and putting them back from one.
+    void saveAnswersInto(datafile::SavedAnswers& saved) const;
+    void restoreAnswersFrom(const datafile::SavedAnswers& saved);
     // 1-based row last clicked in the report view; 0 before any click.
     int ListCurrentTeam = 0;
 

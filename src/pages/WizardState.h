@@ -13,6 +13,9 @@ struct WizardState {
     // 1 from the choice of a data file on the start form until the map tree
     // has been built for it; 0 otherwise.
     int dataFileMode = 0;
+    // 1 when Start's save was refused and the launch must wait; the next
+    // press that gets past the save puts it back to 0.
+    int saveRefused = 0;
 };
 
 // The one state of the run.

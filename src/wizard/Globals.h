@@ -22,6 +22,7 @@ inline QString modShortName() { return platform::programContext.modShortName(); 
 // from the wizard state.
 inline QString& GameTypeCode = pages::wizardState.gameTypeCode;
 inline int& DataFileMode = pages::wizardState.dataFileMode;
+inline int& SaveRefused = pages::wizardState.saveRefused;
 inline QString DataFileName;
 inline QString CompanionFileName;
 inline int RebuildCTFBots = 1;

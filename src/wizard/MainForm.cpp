@@ -120,6 +120,8 @@ void MainForm::checkFileLocations()
 {
     if (ui.Preferences->readStoredLocations()) {
         loadBotsAtStart();
+        if (DataFileMode == 1)
+            loadDataFile();
         return;
     }
     ReloadAfterPrefs = 1;
@@ -302,6 +304,7 @@ void MainForm::wirePages()
     });
 
     ui.AllDone->setStartMap(ui.StartMap);
+    wireDataFiles();
 }
 
 // Single player has a map tree of its own, so entering or leaving it reads

@@ -16,6 +16,9 @@ class AdvancedForm;
 namespace custom {
 class CustomForm;
 }
+namespace datafile {
+struct SavedAnswers;
+}
 
 namespace torvik {
 
@@ -59,6 +62,11 @@ private:
     void addCTFBots();
     ComposerInput composerInput() const;
     void composeCommandLine();
+
+    // Data files (MainFormData.cpp).
+    void wireDataFiles();
+    datafile::SavedAnswers savedAnswers() const;
+    void loadDataFile();
 
     // Page engine (MainFormEngine.cpp).
     void nextPage();

@@ -182,6 +182,8 @@ void MainForm::leaveLayerOrQuit()
             ReloadAfterPrefs = 0;
             if (!reloadBotsAfterPreferences())
                 return;
+            if (DataFileMode == 1)
+                loadDataFile();
             ui.StartMap->addMaps();
             if (programEnded())
                 return;

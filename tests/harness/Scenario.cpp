@@ -113,6 +113,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         };
         text("ProgramFolder", &torvik::ProgramFolder);
         number("DataFileMode", &torvik::DataFileMode);
+        number("SaveRefused", &torvik::SaveRefused);
         text("DataFileName", &torvik::DataFileName);
         text("CompanionFileName", &torvik::CompanionFileName);
         number("RebuildCTFBots", &torvik::RebuildCTFBots);
@@ -649,11 +650,13 @@ QString Interpreter::validateCheck(const Line& line) const
             return QStringLiteral("pixel takes fractions from 0 to 1 of the box");
         return QString();
     }
-    if (property == QLatin1String("item-enabled")) {
+    if (property == QLatin1String("item-enabled") || property == QLatin1String("expanded")) {
         if (rest != 3)
-            return QStringLiteral("use: check %1 item-enabled ITEM yes|no").arg(subject);
+            return QStringLiteral("use: check %1 %2 ITEM yes|no").arg(subject, property);
         return needBool(4);
     }
+    if (property == QLatin1String("image"))
+        return rest == 3 ? QString() : QStringLiteral("use: check %1 image ITEM N").arg(subject);
     if (property == QLatin1String("cells"))
         return rest >= 2 ? QString() : QStringLiteral("use: check %1 cells ITEM TEXT...").arg(subject);
     return QStringLiteral("unknown property \"%1\"").arg(property);
@@ -1293,6 +1296,18 @@ void Interpreter::checkTarget(const Line& line)
             if (*ui::parseBool(line.word(4)) != on)
                 fail(n, QStringLiteral("expected %1 %2 / found %3").arg(itemWhat, yesNo(!on), yesNo(on)));
         }
+    } else if (property == QLatin1String("expanded")) {
+        bool on = false;
+        problem = ui::readExpanded(object, line.word(3), &on);
+        if (problem.isEmpty() && *ui::parseBool(line.word(4)) != on)
+            fail(n, QStringLiteral("expected %1 expanded %2 %3 / found %4")
+                        .arg(target, quoteText(line.word(3)), yesNo(!on), yesNo(on)));
+    } else if (property == QLatin1String("image")) {
+        QString found;
+        problem = ui::readImage(object, line.word(3), &found);
+        if (problem.isEmpty() && found != line.word(4))
+            fail(n, QStringLiteral("expected %1 image %2 %3 / found %4")
+                        .arg(target, quoteText(line.word(3)), line.word(4), found));
     } else if (property == QLatin1String("cells")) {
         QStringList expected;
         for (qsizetype i = 4; i < line.words.size(); ++i)

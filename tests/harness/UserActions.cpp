@@ -658,6 +658,31 @@ QString readCells(QObject* c, const QString& item, QStringList* found)
     return QString();
 }
 
+QString readImage(QObject* c, const QString& item, QString* found)
+{
+    auto* v = qobject_cast<QTreeView*>(c);
+    if (!v)
+        return kindError(c, "image");
+    QModelIndex index;
+    if (QString e = findIndex(v, item, &index); !e.isEmpty())
+        return e;
+    const QVariant shown = index.data(Qt::UserRole + 1);
+    *found = (shown.isValid() ? shown : index.data(Qt::UserRole)).toString();
+    return QString();
+}
+
+QString readExpanded(QObject* c, const QString& item, bool* found)
+{
+    auto* v = qobject_cast<QTreeView*>(c);
+    if (!v)
+        return kindError(c, "expanded");
+    QModelIndex index;
+    if (QString e = findIndex(v, item, &index); !e.isEmpty())
+        return e;
+    *found = v->isExpanded(index);
+    return QString();
+}
+
 QString click(QObject* c, const QString& item, bool right, bool twice)
 {
     if (!item.isEmpty()) {

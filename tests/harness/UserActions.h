@@ -56,6 +56,9 @@ QString readMarkedRows(QObject* control, QStringList* found);
 QString readHeaders(QObject* control, QStringList* found);
 // Every column of the row of a list, tree or report view.
 QString readCells(QObject* control, const QString& item, QStringList* found);
+// A tree node's image index (an open category's open image) and whether it is expanded.
+QString readImage(QObject* control, const QString& item, QString* found);
+QString readExpanded(QObject* control, const QString& item, bool* found);
 
 // --- what the user does ---
 // A click with a mouse button (Qt::LeftButton or Qt::RightButton); item
