@@ -40,6 +40,9 @@ private:
     void loadBotsAtStart();
     bool reloadBotsAfterPreferences();
     void restoreBotsCfg();
+    void restoreChat();
+    void showBackupManager();
+    void checkChatFile();
 
     // Tool strip (MainForm.cpp).
     void connectToolStrip();

@@ -4,6 +4,7 @@
 #include "Scenario.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QStringList>
@@ -50,6 +51,8 @@ int main(int argc, char** argv)
             verbose = true;
         else if (arg == QLatin1String("--part") && i + 1 < argc)
             part = QString::fromLocal8Bit(argv[++i]).toInt();
+        else if (arg == QLatin1String("--resume") && i + 2 < argc)
+            i += 2; // read below
         else
             files.append(arg);
     }
@@ -93,6 +96,23 @@ int main(int argc, char** argv)
         std::printf("%s\n", line.toLocal8Bit().constData());
         std::fflush(stdout);
     };
+    const QStringList args = QCoreApplication::arguments();
+    const qsizetype resumeAt = args.indexOf(QStringLiteral("--resume"));
+    if (resumeAt > 0 && resumeAt + 2 < args.size()) {
+        options.resumeFolder = args[resumeAt + 1];
+        options.resumeLine = args[resumeAt + 2].toInt();
+    }
     const harness::ScenarioResult result = harness::runScenarioFile(file, options);
-    return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
+    if (result.restartLine == 0)
+        return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
+    // The program ended and the scenario starts it again: a new process, as
+    // a user's next start is, plays on in the same folder.
+    QStringList next = flags;
+    if (part)
+        next << QStringLiteral("--part") << QString::number(part);
+    next << QStringLiteral("--resume") << result.folder << QString::number(result.restartLine) << file;
+    const int code = runChild(next);
+    if (options.resumeFolder.isEmpty() && !qEnvironmentVariableIsSet("TORVIK_SCENARIO_KEEP"))
+        QDir(result.folder).removeRecursively();
+    return result.passed && code == 0 ? 0 : 1;
 }
