@@ -355,7 +355,11 @@ private:
     QString resolve(const QString& target, QObject** out, bool* formMissing = nullptr, bool* controlMissing = nullptr) const;
     QString changePermissions(const QString& path, bool readable, bool writable);
     QString lockPath() const { return root_ + QStringLiteral("/torvik.lock"); }
-    QString what() const { return opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario"); }
+    QString what() const
+    {
+        const QString base = opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario");
+        return opt_.resumeLine ? QStringLiteral("%1 from line %2").arg(base).arg(opt_.resumeLine) : base;
+    }
 
     QByteArray text_;
     QString name_;

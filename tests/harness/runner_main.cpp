@@ -45,15 +45,18 @@ int main(int argc, char** argv)
     QStringList files;
     bool verbose = false;
     int part = 0;
+    QString resumeFolder;
+    int resumeLine = 0;
     for (int i = 1; i < argc; ++i) {
         const QString arg = QString::fromLocal8Bit(argv[i]);
         if (arg == QLatin1String("-v"))
             verbose = true;
         else if (arg == QLatin1String("--part") && i + 1 < argc)
             part = QString::fromLocal8Bit(argv[++i]).toInt();
-        else if (arg == QLatin1String("--resume") && i + 2 < argc)
-            i += 2; // read below
-        else
+        else if (arg == QLatin1String("--resume") && i + 2 < argc) {
+            resumeFolder = QString::fromLocal8Bit(argv[++i]);
+            resumeLine = QString::fromLocal8Bit(argv[++i]).toInt();
+        }        else
             files.append(arg);
     }
     if (files.isEmpty()) {
@@ -96,14 +99,11 @@ int main(int argc, char** argv)
         std::printf("%s\n", line.toLocal8Bit().constData());
         std::fflush(stdout);
     };
-    const QStringList args = QCoreApplication::arguments();
-    const qsizetype resumeAt = args.indexOf(QStringLiteral("--resume"));
-    if (resumeAt > 0 && resumeAt + 2 < args.size()) {
-        options.resumeFolder = args[resumeAt + 1];
-        options.resumeLine = args[resumeAt + 2].toInt();
-    }
+    options.resumeFolder = resumeFolder;
+    options.resumeLine = resumeLine;
     const harness::ScenarioResult result = harness::runScenarioFile(file, options);
-    if (result.restartLine == 0)
+    // Each new process plays on from a later line, so the chain ends.
+    if (result.restartLine <= resumeLine)
         return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
     // The program ended and the scenario starts it again: a new process, as
     // a user's next start is, plays on in the same folder.

@@ -132,3 +132,24 @@ TEST(SafeWrites, ARefusedWriteLeavesTheOldFile)
 }
 
 } // namespace
+
+// A file put back from a backup is what the next start must find: saves on
+// the way out of the program leave it, other files are still written.
+TEST(SafeWrites, ARestoredFileOutlivesTheSavesAtTheEnd)
+{
+    QTemporaryDir tmp;
+    ASSERT_TRUE(tmp.isValid());
+    const QString restored = tmp.path() + QStringLiteral("/Script.TK");
+    const QString other = tmp.path() + QStringLiteral("/MapInfo.dat");
+    put(restored, "restored");
+    platform::keepRestoredFile(restored);
+    platform::programContext.ended = true;
+    EXPECT_TRUE(platform::writeFile(tmp.path() + QStringLiteral("/script.tk"), "saved at unload"));
+    EXPECT_TRUE(platform::writeFile(other, "saved at unload"));
+    platform::programContext.ended = false;
+    QByteArray now;
+    EXPECT_TRUE(platform::readFile(restored, now));
+    EXPECT_EQ(now, QByteArray("restored"));
+    EXPECT_TRUE(platform::readFile(other, now));
+    EXPECT_EQ(now, QByteArray("saved at unload"));
+}
