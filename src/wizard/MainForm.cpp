@@ -8,6 +8,7 @@
 #include "pages/AdvancedForm.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
+#include "plugins/PluginsForm.h"
 #include "wizard/Globals.h"
 #include "wizard/Program.h"
 #include "wizard/ProgressForm.h"
@@ -181,6 +182,17 @@ void MainForm::showBackupManager()
     }
 }
 
+void MainForm::showPlugins()
+{
+    try {
+        plugins::PluginsForm form(this);
+        form.exec();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+    }
+}
+
 // The chat editor works on the mod's chat.txt; without one there is nothing
 // to edit, and the user is offered the factory copy or a backup.
 void MainForm::checkChatFile()
@@ -222,6 +234,7 @@ void MainForm::connectToolStrip()
         showBackupManager();
     });
     connect(ui.Command17, &QToolButton::clicked, this, &MainForm::checkChatFile);
+    connect(ui.Command24, &QToolButton::clicked, this, &MainForm::showPlugins);
 }
 
 // The close tool shows whether it leaves a layer or quits the program.

@@ -43,6 +43,7 @@ private:
     void restoreChat();
     void showBackupManager();
     void checkChatFile();
+    void showPlugins();
 
     // Tool strip (MainForm.cpp).
     void connectToolStrip();
