@@ -11,7 +11,9 @@
 //                  tells Torvik it failed. Torvik is a Qt 6 Widgets program:
 //                  a plug-in built against the same Qt may open its own
 //                  top-level windows, which must outlive the call (Torvik
-//                  keeps nothing of the plug-in once it returns).
+//                  keeps nothing of the plug-in once it returns). The
+//                  Plugins form it is called from is modal, so a window that
+//                  takes input must be modal as well.
 //
 // A library lacking TKPlugin_name or TKPlugin_des is not listed; one that
 // crashes takes Torvik with it, as it runs in Torvik's process.
