@@ -5,9 +5,9 @@
 
 namespace platform {
 
-enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, RetryCancel };
 enum class Icon { None, Information, Exclamation, Critical, Question };
-enum class Answer { Ok, Cancel, Yes, No };
+enum class Answer { Ok, Cancel, Yes, No, Retry };
 
 // The title a box gets when its caller names none.
 inline const QString kAppTitle = QStringLiteral("Torvik");

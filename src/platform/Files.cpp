@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+#include "platform/ProgramContext.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -167,8 +169,29 @@ bool isReadOnlyFile(const QString& path)
     return info.exists() && !(info.permissions() & QFileDevice::WriteOwner);
 }
 
+namespace {
+QStringList restoredFiles;
+
+bool isRestoredFile(const QString& path)
+{
+    if (restoredFiles.isEmpty() || !programEnded())
+        return false;
+    const QString real = resolvePath(path);
+    const QString canonical = QFileInfo(real.isEmpty() ? path : real).absoluteFilePath();
+    return restoredFiles.contains(canonical, Qt::CaseInsensitive);
+}
+} // namespace
+
+void keepRestoredFile(const QString& path)
+{
+    const QString real = resolvePath(path);
+    restoredFiles.append(QFileInfo(real.isEmpty() ? path : real).absoluteFilePath());
+}
+
 bool writeFile(const QString& path, const QByteArray& data)
 {
+    if (isRestoredFile(path))
+        return true;
     if (isReadOnlyFile(path) || QFileInfo(path).isDir())
         return false;
     // The new text goes to a temporary file beside the old one and takes its

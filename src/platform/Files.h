@@ -44,6 +44,11 @@ bool readFile(const QString& path, QByteArray& out);
 // then the old file is left byte for byte as it was. A read-only file (its
 // owner's write bit off) is refused, and so is a folder in the file's place.
 bool writeFile(const QString& path, const QByteArray& data);
+// A file just put back from a backup is read only at the next start, and the
+// program ends right after it; whatever a form would still save on its way
+// out must not undo it. From this call on, writeFile leaves the file alone
+// once the program is ending, and reports that as done.
+void keepRestoredFile(const QString& path);
 // True when the file is there and its owner may not write it.
 bool isReadOnlyFile(const QString& path);
 // Copies a file's bytes through writeFile.

@@ -1,11 +1,14 @@
 #include "wizard/MainForm.h"
 
+#include "backup/BackupManagerForm.h"
 #include "bots/BotStore.h"
 #include "custom/CustomForm.h"
 #include "maps/MapEditorForm.h"
 #include "media/Graphics.h"
 #include "pages/AdvancedForm.h"
 #include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "plugins/PluginsForm.h"
 #include "wizard/Globals.h"
 #include "wizard/Program.h"
 #include "wizard/ProgressForm.h"
@@ -155,10 +158,53 @@ bool MainForm::reloadBotsAfterPreferences()
     return BotFileErrorFlag != 1;
 }
 
-// A file that can't be read is to be replaced by the internal copy through
-// the Backup Manager, which then ends the program. Until that manager is
-// there the load simply stops after its message and the pages stay empty.
-void MainForm::restoreBotsCfg() {}
+// A file that can't be read is replaced through the Backup Manager, from
+// the factory copy or a backup of the user's, and the program ends; the
+// next start reads the good file.
+void MainForm::restoreBotsCfg()
+{
+    backup::BackupRescueMode = 1;
+    showBackupManager();
+}
+
+void MainForm::restoreChat()
+{
+    backup::BackupRescueMode = 2;
+    showBackupManager();
+}
+
+void MainForm::showBackupManager()
+{
+    try {
+        backup::BackupManagerForm manager(this);
+        manager.exec();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+    }
+}
+
+void MainForm::showPlugins()
+{
+    try {
+        plugins::PluginsForm form(this);
+        form.exec();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+    }
+}
+
+// The chat editor works on the mod's chat.txt; without one there is nothing
+// to edit, and the user is offered the factory copy or a backup.
+void MainForm::checkChatFile()
+{
+    if (platform::fileExists(backup::userFilePath(backup::Kind::Chat)))
+        return;
+    platform::beep();
+    platform::msgBox(QStringLiteral("Error! Chat.txt file couldn't be found."));
+    restoreChat();
+}
 
 // ---------------------------------------------------------------- tool strip
 
@@ -185,6 +231,12 @@ void MainForm::connectToolStrip()
     connect(ui.Command23, &QToolButton::clicked, this, &MainForm::popUpGotoMenu);
     connect(ui.Command16, &QToolButton::clicked, this, &MainForm::openPreferences);
     connect(ui.Command18, &QToolButton::clicked, this, &MainForm::openMapCycleEditor);
+    connect(ui.Command15, &QToolButton::clicked, this, [this] {
+        backup::BackupRescueMode = 0;
+        showBackupManager();
+    });
+    connect(ui.Command17, &QToolButton::clicked, this, &MainForm::checkChatFile);
+    connect(ui.Command24, &QToolButton::clicked, this, &MainForm::showPlugins);
 }
 
 // The close tool shows whether it leaves a layer or quits the program.
@@ -286,6 +338,10 @@ void MainForm::wirePages()
     RestoreBotsCfgHook = [self] {
         if (self)
             self->restoreBotsCfg();
+    };
+    backup::RestoreChatHook = [self] {
+        if (self)
+            self->restoreChat();
     };
     connect(ui.SpawnBots, &pages::SpawnBotsPage::loadBegun, Progress, &ProgressForm::begin);
     connect(ui.SpawnBots, &pages::SpawnBotsPage::loadProgressed, Progress, &ProgressForm::report);

@@ -43,6 +43,10 @@ private:
     void loadBotsAtStart();
     bool reloadBotsAfterPreferences();
     void restoreBotsCfg();
+    void restoreChat();
+    void showBackupManager();
+    void checkChatFile();
+    void showPlugins();
 
     // Tool strip (MainForm.cpp).
     void connectToolStrip();

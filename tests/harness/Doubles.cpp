@@ -26,6 +26,7 @@ QString answerName(platform::Answer answer)
     case platform::Answer::Cancel: return QStringLiteral("Cancel");
     case platform::Answer::Yes: return QStringLiteral("Yes");
     case platform::Answer::No: return QStringLiteral("No");
+    case platform::Answer::Retry: return QStringLiteral("Retry");
     }
     return QString();
 }
@@ -33,7 +34,7 @@ QString answerName(platform::Answer answer)
 std::optional<platform::Answer> answerFromName(const QString& name)
 {
     for (platform::Answer a : {platform::Answer::Ok, platform::Answer::Cancel, platform::Answer::Yes,
-                               platform::Answer::No}) {
+                               platform::Answer::No, platform::Answer::Retry}) {
         if (name.compare(answerName(a), Qt::CaseInsensitive) == 0)
             return a;
     }
@@ -47,6 +48,7 @@ QString buttonsName(platform::Buttons buttons)
     case platform::Buttons::OkCancel: return QStringLiteral("Ok/Cancel");
     case platform::Buttons::YesNo: return QStringLiteral("Yes/No");
     case platform::Buttons::YesNoCancel: return QStringLiteral("Yes/No/Cancel");
+    case platform::Buttons::RetryCancel: return QStringLiteral("Retry/Cancel");
     }
     return QString();
 }
@@ -58,7 +60,8 @@ bool answerOffered(platform::Answer answer, platform::Buttons buttons)
     case platform::Buttons::Ok: return answer == Answer::Ok;
     case platform::Buttons::OkCancel: return answer == Answer::Ok || answer == Answer::Cancel;
     case platform::Buttons::YesNo: return answer == Answer::Yes || answer == Answer::No;
-    case platform::Buttons::YesNoCancel: return answer != Answer::Ok;
+    case platform::Buttons::YesNoCancel: return answer != Answer::Ok && answer != Answer::Retry;
+    case platform::Buttons::RetryCancel: return answer == Answer::Retry || answer == Answer::Cancel;
     }
     return false;
 }
@@ -69,7 +72,8 @@ platform::Answer safeAnswer(platform::Buttons buttons)
     case platform::Buttons::Ok: return platform::Answer::Ok;
     case platform::Buttons::YesNo: return platform::Answer::No;
     case platform::Buttons::OkCancel:
-    case platform::Buttons::YesNoCancel: return platform::Answer::Cancel;
+    case platform::Buttons::YesNoCancel:
+    case platform::Buttons::RetryCancel: return platform::Answer::Cancel;
     }
     return platform::Answer::Ok;
 }

@@ -5,6 +5,7 @@
 #include "UserActions.h"
 
 #include "demo/DemoInstall.h"
+#include "backup/Backup.h"
 #include "maps/MapCatalogue.h"
 #include "maps/MapCycles.h"
 #include "maps/MapInfo.h"
@@ -165,6 +166,8 @@ std::map<QString, std::function<QString()>>& globalTable()
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
         number("NoGorvanPakMaps", &torvik::NoGorvanPakMaps);
         number("MapCatalogueCount", &torvik::MapCatalogueCount);
+        number("BackupRescueMode", &backup::BackupRescueMode);
+        text("RestoreWhat", &backup::RestoreWhat);
         return t;
     }();
     return table;
@@ -313,6 +316,7 @@ private:
         int number = 0;
         QString raw;
         QList<Token> words;
+        bool restartHere = false; // first line of what leads to a start again
         QString word(int i) const { return i < words.size() ? words[i].text() : QString(); }
     };
     struct Frame {
@@ -331,6 +335,7 @@ private:
     void fail(int line, const QString& message);
     bool prepareFolders();
     bool parse();
+    void markRestarts();
     QString validate(const Line& line) const;
     QString validateCheck(const Line& line) const;
 
@@ -352,7 +357,11 @@ private:
     QString resolve(const QString& target, QObject** out, bool* formMissing = nullptr, bool* controlMissing = nullptr) const;
     QString changePermissions(const QString& path, bool readable, bool writable);
     QString lockPath() const { return root_ + QStringLiteral("/torvik.lock"); }
-    QString what() const { return opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario"); }
+    QString what() const
+    {
+        const QString base = opt_.part ? QStringLiteral("part %1").arg(opt_.part) : QStringLiteral("scenario");
+        return opt_.resumeLine ? QStringLiteral("%1 from line %2").arg(base).arg(opt_.resumeLine) : base;
+    }
 
     QByteArray text_;
     QString name_;
@@ -376,6 +385,7 @@ private:
     bool noLocationFiles_ = false;
     bool started_ = false;
     bool stopped_ = false;
+    int restartLine_ = 0;
     int beepsSeen_ = 0;
     size_t launchesSeen_ = 0;
     qsizetype soundsSeen_ = 0;
@@ -416,16 +426,20 @@ void Interpreter::fail(int line, const QString& message)
 
 bool Interpreter::prepareFolders()
 {
-    tmp_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/torvik scenario XXXXXX"));
-    if (!tmp_->isValid()) {
-        fail(0, QStringLiteral("can't make a temporary folder: %1").arg(tmp_->errorString()));
-        return false;
+    if (!opt_.resumeFolder.isEmpty()) {
+        root_ = opt_.resumeFolder;
+    } else {
+        tmp_ = std::make_unique<QTemporaryDir>(QDir::tempPath() + QStringLiteral("/torvik scenario XXXXXX"));
+        if (!tmp_->isValid()) {
+            fail(0, QStringLiteral("can't make a temporary folder: %1").arg(tmp_->errorString()));
+            return false;
+        }
+        if (qEnvironmentVariableIsSet("TORVIK_SCENARIO_KEEP")) {
+            tmp_->setAutoRemove(false);
+            print(QStringLiteral("%1: the folder %2 is kept").arg(name_, tmp_->path()));
+        }
+        root_ = tmp_->path();
     }
-    if (qEnvironmentVariableIsSet("TORVIK_SCENARIO_KEEP")) {
-        tmp_->setAutoRemove(false);
-        print(QStringLiteral("%1: the folder %2 is kept").arg(name_, tmp_->path()));
-    }
-    root_ = tmp_->path();
     program_ = root_ + QStringLiteral("/program");
     game_ = root_ + QStringLiteral("/game");
     mod_ = demo::modFolder(game_);
@@ -445,7 +459,7 @@ bool Interpreter::prepareFolders()
         fail(0, QStringLiteral("can't make %1").arg(program_));
         return false;
     }
-    if (!opt_.programTemplate.isEmpty()) {
+    if (!opt_.programTemplate.isEmpty() && opt_.resumeFolder.isEmpty()) {
         for (const char* part : {"TKGraphics.dll", "repair"}) {
             const QString from = opt_.programTemplate + QLatin1Char('/') + QLatin1String(part);
             if (!copyTree(from, program_ + QLatin1Char('/') + QLatin1String(part))) {
@@ -499,13 +513,38 @@ bool Interpreter::parse()
             lines_.push_back(menu);
             continue;
         }
+        if (line.number < opt_.resumeLine)
+            continue;
         lines_.push_back(line);
     }
+    markRestarts();
     if (firstFresh && opt_.part == 0 && syntaxOk_) {
         fail(firstFresh, QStringLiteral("syntax: fresh needs torvik_scenario, which plays each part in a process of its own"));
         syntaxOk_ = false;
     }
     return syntaxOk_;
+}
+
+// A start after the first starts the program anew, in a new process: the
+// preparations and answers just before it belong to that new run.
+void Interpreter::markRestarts()
+{
+    bool seen = false;
+    for (size_t i = 0; i < lines_.size(); ++i) {
+        if (lines_[i].word(0) != QLatin1String("start"))
+            continue;
+        if (seen) {
+            size_t first = i;
+            while (first > 0) {
+                const Kind k = findCommand(lines_[first - 1].word(0))->kind;
+                if (k != Kind::Preparation && k != Kind::Box && k != Kind::Option)
+                    break;
+                --first;
+            }
+            lines_[first].restartHere = true;
+        }
+        seen = true;
+    }
 }
 
 QString Interpreter::validate(const Line& line) const
@@ -523,7 +562,7 @@ QString Interpreter::validate(const Line& line) const
     if (cmd == QLatin1String("demo") && line.word(1) != QLatin1String("mixed-case"))
         return QStringLiteral("demo takes \"mixed-case\"");
     if (cmd == QLatin1String("answer") && !answerFromName(line.word(1)))
-        return QStringLiteral("answer takes Yes, No, Ok or Cancel, not \"%1\"").arg(line.word(1));
+        return QStringLiteral("answer takes Yes, No, Ok, Cancel or Retry, not \"%1\"").arg(line.word(1));
     if (cmd == QLatin1String("pak")) {
         for (qsizetype i = 2; i < line.words.size(); ++i) {
             bool ok = false;
@@ -594,6 +633,8 @@ QString Interpreter::validateCheck(const Line& line) const
             return QStringLiteral("unknown global \"%1\"").arg(line.word(2));
         return QString();
     }
+    if (subject == QLatin1String("input-default"))
+        return need(1, "input-default TEXT");
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
     if (subject == QLatin1String("same"))
@@ -791,6 +832,13 @@ void Interpreter::finishStep()
 void Interpreter::execute(const Line& line)
 {
     lastLine_ = line.number;
+    if (line.restartHere && started_ && ended()) {
+        if (opt_.verbose)
+            print(QStringLiteral("%1:%2: the program ended; a new process plays on from here").arg(name_).arg(line.number));
+        restartLine_ = line.number;
+        stopped_ = true;
+        return;
+    }
     if (opt_.verbose)
         print(QStringLiteral("%1:%2: %3").arg(name_).arg(line.number).arg(line.raw));
     const CommandInfo* info = findCommand(line.word(0));
@@ -1017,8 +1065,9 @@ QString Interpreter::doAction(const Line& line)
     const QString cmd = line.word(0);
     if (cmd == QLatin1String("start")) {
         if (started_)
-            return QStringLiteral("start comes once");
-        if (!noLocationFiles_) {
+            return QStringLiteral("start comes once, and again only after the program ended");
+        // A start again finds the location files of the run before it.
+        if (!noLocationFiles_ && opt_.resumeFolder.isEmpty()) {
             const QByteArray q2 = "\"" + demo::gameExecutable(game_).toUtf8() + "\"\r\n";
             const QByteArray gv = "\"" + (mod_ + QStringLiteral("/GAMEX86.DLL")).toUtf8() + "\"\r\n";
             for (const auto& [file, data] : {std::pair{QStringLiteral("/quake2.loc"), q2},
@@ -1114,6 +1163,16 @@ void Interpreter::doCheck(const Line& line)
     if (subject == QLatin1String("global")) {
         compare(QStringLiteral("global %1").arg(line.word(2)), quoteText(line.word(3)),
                 quoteText(globalTable()[line.word(2)]()));
+        return;
+    }
+    if (subject == QLatin1String("input-default")) {
+        const BoxRecord* last = nullptr;
+        for (const BoxRecord& box : dialogs_->boxes)
+            last = box.kind == BoxKind::Input ? &box : last;
+        if (!last)
+            fail(n, QStringLiteral("expected input-default %1 / found no input box shown").arg(quoteText(line.word(2))));
+        else
+            compare(QStringLiteral("input-default"), quoteText(line.word(2)), quoteText(last->defaultText));
         return;
     }
     if (subject == QLatin1String("file")) {
@@ -1351,7 +1410,7 @@ ScenarioResult Interpreter::run()
     QString error;
     demo::DemoOptions demoOptions;
     demoOptions.mixedCase = mixedCase_;
-    if (!demo::createDemoInstall(game_, &error, demoOptions)) {
+    if (opt_.resumeFolder.isEmpty() && !demo::createDemoInstall(game_, &error, demoOptions)) {
         fail(0, QStringLiteral("can't make the demo install: %1").arg(error));
         print(QStringLiteral("%1: %2 failed").arg(name_, what()));
         return result_;
@@ -1411,6 +1470,12 @@ ScenarioResult Interpreter::run()
     sounds_.reset();
     dialogs_.reset();
 
+    if (restartLine_) {
+        if (tmp_)
+            tmp_->setAutoRemove(false);
+        result_.restartLine = restartLine_;
+        result_.folder = root_;
+    }
     result_.passed = result_.failures.empty();
     print(QStringLiteral("%1: %2 %3").arg(name_, what(), result_.passed ? QStringLiteral("passed") : QStringLiteral("failed")));
     return result_;

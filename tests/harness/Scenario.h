@@ -20,6 +20,11 @@ struct ScenarioResult {
     std::vector<ScenarioFailure> failures;
     QStringList output; // every line printed, failures included
     bool mistakes = false; // lines that can't be understood; nothing ran
+    // A "start" after the program ended: the run stopped before the lines
+    // that lead to it, which play on in a new process (see runner_main)
+    // with the same folder, from this line.
+    int restartLine = 0;
+    QString folder; // the scenario's folder, kept for the restart
 };
 
 struct ScenarioOptions {
@@ -39,6 +44,10 @@ struct ScenarioOptions {
     // Of a scenario cut by "fresh" lines, the part to play (1 is the part
     // before the first). 0 plays a scenario without them.
     int part = 0;
+    // Goes on with a scenario that ended its program and starts it again:
+    // the folder of the earlier run, and the line to play on from.
+    QString resumeFolder;
+    int resumeLine = 0;
 };
 
 ScenarioResult runScenario(const QByteArray& text, const QString& name, const ScenarioOptions& options = {});

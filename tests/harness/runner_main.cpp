@@ -4,6 +4,7 @@
 #include "Scenario.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QStringList>
@@ -44,13 +45,18 @@ int main(int argc, char** argv)
     QStringList files;
     bool verbose = false;
     int part = 0;
+    QString resumeFolder;
+    int resumeLine = 0;
     for (int i = 1; i < argc; ++i) {
         const QString arg = QString::fromLocal8Bit(argv[i]);
         if (arg == QLatin1String("-v"))
             verbose = true;
         else if (arg == QLatin1String("--part") && i + 1 < argc)
             part = QString::fromLocal8Bit(argv[++i]).toInt();
-        else
+        else if (arg == QLatin1String("--resume") && i + 2 < argc) {
+            resumeFolder = QString::fromLocal8Bit(argv[++i]);
+            resumeLine = QString::fromLocal8Bit(argv[++i]).toInt();
+        }        else
             files.append(arg);
     }
     if (files.isEmpty()) {
@@ -93,6 +99,20 @@ int main(int argc, char** argv)
         std::printf("%s\n", line.toLocal8Bit().constData());
         std::fflush(stdout);
     };
+    options.resumeFolder = resumeFolder;
+    options.resumeLine = resumeLine;
     const harness::ScenarioResult result = harness::runScenarioFile(file, options);
-    return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
+    // Each new process plays on from a later line, so the chain ends.
+    if (result.restartLine <= resumeLine)
+        return result.passed ? 0 : part && result.mistakes ? kMistakes : 1;
+    // The program ended and the scenario starts it again: a new process, as
+    // a user's next start is, plays on in the same folder.
+    QStringList next = flags;
+    if (part)
+        next << QStringLiteral("--part") << QString::number(part);
+    next << QStringLiteral("--resume") << result.folder << QString::number(result.restartLine) << file;
+    const int code = runChild(next);
+    if (options.resumeFolder.isEmpty() && !qEnvironmentVariableIsSet("TORVIK_SCENARIO_KEEP"))
+        QDir(result.folder).removeRecursively();
+    return result.passed && code == 0 ? 0 : 1;
 }

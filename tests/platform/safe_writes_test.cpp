@@ -132,3 +132,18 @@ TEST(SafeWrites, ARefusedWriteLeavesTheOldFile)
 }
 
 } // namespace
+
+// A file put back from a backup outlives the saves on the way out; others are written.
+TEST(SafeWrites, ARestoredFileOutlivesTheSavesAtTheEnd)
+{
+    QTemporaryDir tmp;
+    const QString restored = tmp.path() + QStringLiteral("/Script.TK"), other = tmp.path() + QStringLiteral("/x");
+    put(restored, "restored");
+    platform::keepRestoredFile(restored);
+    platform::programContext.ended = true;
+    const bool saved = platform::writeFile(tmp.path() + QStringLiteral("/script.tk"), "lost") && platform::writeFile(other, "+");
+    platform::programContext.ended = false;
+    QByteArray a, b;
+    EXPECT_TRUE(saved && platform::readFile(restored, a) && platform::readFile(other, b));
+    EXPECT_EQ(a + b, QByteArray("restored+"));
+}
