@@ -8,10 +8,13 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/ProgramContext.h"
+
+#include <QPointer>
 #include "platform/Timer.h"
 
 #include <QFile>
 #include <QMenu>
+#include <QPointer>
 #include <QStyle>
 
 namespace custom {
@@ -99,6 +102,13 @@ CustomForm::CustomForm(QWidget* parent) : QDialog(parent)
 
     readScript();
     updateMenu();
+    // The tree is the user's work: it is kept when the program ends, as when
+    // the form is closed. A Script.TK restored from a backup just before is
+    // left as restored.
+    platform::programContext.atEnd.push_back([self = QPointer<CustomForm>(this)] {
+        if (self)
+            self->saveScript();
+    });
 }
 
 QList<torvik::CustomOption> CustomForm::commandOptions() const

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 namespace platform {
 
@@ -20,6 +21,9 @@ struct ProgramContext {
     std::function<void()> exitProgram;
     // True once the program began to end (its forms may still be closing).
     bool ended = false;
+    // What forms do as the program ends (a form that keeps its work at
+    // unload), run once by the way out after `ended` is set.
+    std::vector<std::function<void()>> atEnd;
 
     // The game executable's path cut before its last separator.
     QString gameFolder() const;

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QWidget>
 
+#include <utility>
+
 namespace torvik {
 
 void startProgram()
@@ -24,6 +26,8 @@ void ExitProgram(bool force)
         return;
     platform::programContext.ended = true;
     (void)force; // every caller forces the end
+    for (const auto& unload : std::exchange(platform::programContext.atEnd, {}))
+        unload();
     // Forms are closed after the running handler returns, never under it.
     const QWidgetList forms = QApplication::topLevelWidgets();
     for (qsizetype i = forms.size() - 1; i >= 0; --i) {
