@@ -1,20 +1,14 @@
 #include "maps/MapInfo.h"
 
-namespace torvik {
-namespace {
-MapInfoOpener& opener()
-{
-    static MapInfoOpener o;
-    return o;
-}
-} // namespace
+#include "maps/MapInfoForm.h"
 
-void setMapInfoOpener(MapInfoOpener o) { opener() = std::move(o); }
+namespace torvik {
 
 void ShowMapInfoForm(QWidget* parent)
 {
-    if (opener())
-        opener()(parent);
+    MapInfoForm form(parent);
+    if (form.loadMap())
+        form.exec();
 }
 
 } // namespace torvik

@@ -68,6 +68,8 @@ const CommandInfo kCommands[] = {
     {"fail-next-launch", Kind::Preparation, 0, 0},
     {"random", Kind::Preparation, 1, -1},
     {"pak", Kind::Preparation, 1, -1},
+    {"bsp", Kind::Preparation, 2, 3},
+    {"truncate", Kind::Preparation, 2, 2},
     {"write", Kind::Preparation, 2, 2},
     {"copy", Kind::Preparation, 2, 2},
     {"remove", Kind::Preparation, 1, 1},
@@ -460,7 +462,7 @@ bool Interpreter::prepareFolders()
         return false;
     }
     if (!opt_.programTemplate.isEmpty() && opt_.resumeFolder.isEmpty()) {
-        for (const char* part : {"TKGraphics.dll", "repair"}) {
+        for (const char* part : {"TKGraphics.dll", "repair", "mapname.dll"}) {
             const QString from = opt_.programTemplate + QLatin1Char('/') + QLatin1String(part);
             if (!copyTree(from, program_ + QLatin1Char('/') + QLatin1String(part))) {
                 fail(0, QStringLiteral("can't copy %1 into the program folder").arg(from));
@@ -570,6 +572,16 @@ QString Interpreter::validate(const Line& line) const
             if (!ok)
                 return QStringLiteral("pak takes names with a range {FIRST..LAST}, not \"%1\"").arg(line.word(int(i)));
         }
+    }
+    if (cmd == QLatin1String("bsp") && line.words.size() > 3) {
+        bool ok = false;
+        if (line.word(3).toInt(&ok) < 1 || !ok)
+            return QStringLiteral("bsp repeats its title 1 or more times, not \"%1\"").arg(line.word(3));
+    }
+    if (cmd == QLatin1String("truncate")) {
+        bool ok = false;
+        if (line.word(2).toLongLong(&ok) < 0 || !ok)
+            return QStringLiteral("truncate takes a number of bytes, not \"%1\"").arg(line.word(2));
     }
     if (cmd == QLatin1String("random")) {
         for (qsizetype i = 1; i < line.words.size(); ++i) {
@@ -964,6 +976,20 @@ QString Interpreter::doPreparation(const Line& line)
         QFile f(path);
         if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
             return QStringLiteral("can't write %1").arg(quoteText(path));
+        return QString();
+    }
+    if (cmd == QLatin1String("bsp")) {
+        const QByteArray title = line.words[2].bytes.repeated(line.words.size() > 3 ? line.word(3).toInt() : 1);
+        const QByteArray bytes = demo::bspMap(title);
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        QFile f(path);
+        if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(bytes) != bytes.size())
+            return QStringLiteral("can't write %1").arg(quoteText(path));
+        return QString();
+    }
+    if (cmd == QLatin1String("truncate")) {
+        if (!QFile::resize(path, line.word(2).toLongLong()))
+            return QStringLiteral("can't cut %1").arg(quoteText(path));
         return QString();
     }
     if (cmd == QLatin1String("random")) {

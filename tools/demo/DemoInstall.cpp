@@ -38,8 +38,8 @@ void setLe32(QByteArray& out, qsizetype at, qint32 value)
 
 // --- game file formats, reduced to what Torvik and a title reader look at ---
 
-// A version 38 BSP whose only filled lump is the entity text. A title reader
-// finds the world's "message" there, the way it does in a real map.
+// A title reader finds the world's "message" in the entity text, the way it
+// does in a real map.
 QByteArray fakeBsp(const QByteArray& title)
 {
     constexpr int lumpCount = 19;
@@ -659,6 +659,8 @@ bool createDemoInstall(const QString& root, QString* error, const DemoOptions& o
            && w.file(mod, spell("maps.txt", "Maps.TXT"), mapsTxt())
            && w.pak(mod, spell("pak0.pak", "PAK0.PAK"), gorvanPak());
 }
+
+QByteArray bspMap(const QByteArray& title) { return fakeBsp(title); }
 
 QString gameExecutable(const QString& root) { return root + QStringLiteral("/quake2"); }
 QString modFolder(const QString& root) { return root + QStringLiteral("/gorvan"); }

@@ -2,6 +2,7 @@
 // A generated Quake II tree with the Gorvan mod's files, so that Torvik can be
 // tried and tested without the game. Our own data only: no game content.
 // tools/demo/README.md lists what the tree holds.
+#include <QByteArray>
 #include <QString>
 
 namespace demo {
@@ -15,6 +16,10 @@ struct DemoOptions {
 // error, when something can't be written. Running it again over an earlier
 // install, of either spelling, brings that install back to the demo state.
 bool createDemoInstall(const QString& root, QString* error = nullptr, const DemoOptions& options = {});
+
+// A version 38 BSP map whose only filled lump is the entity text, with the
+// title in the world's "message" key, as every demo map is made.
+QByteArray bspMap(const QByteArray& title);
 
 // Paths inside an install made by createDemoInstall.
 QString gameExecutable(const QString& root);
