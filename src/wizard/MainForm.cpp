@@ -2,6 +2,7 @@
 
 #include "backup/BackupManagerForm.h"
 #include "bots/BotStore.h"
+#include "chat/ChatEditorForm.h"
 #include "custom/CustomForm.h"
 #include "maps/MapEditorForm.h"
 #include "media/Graphics.h"
@@ -199,8 +200,16 @@ void MainForm::showPlugins()
 // to edit, and the user is offered the factory copy or a backup.
 void MainForm::checkChatFile()
 {
-    if (platform::fileExists(backup::userFilePath(backup::Kind::Chat)))
+    if (platform::fileExists(backup::userFilePath(backup::Kind::Chat))) {
+        try {
+            chat::ChatEditorForm editor(this);
+            editor.exec();
+        } catch (const std::bad_alloc&) {
+            platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+            ExitProgram(true);
+        }
         return;
+    }
     platform::beep();
     platform::msgBox(QStringLiteral("Error! Chat.txt file couldn't be found."));
     restoreChat();
