@@ -2,6 +2,7 @@
 
 #include "backup/BackupManagerForm.h"
 #include "bots/BotStore.h"
+#include "bots/TeamEditorForm.h"
 #include "chat/ChatEditorForm.h"
 #include "custom/CustomForm.h"
 #include "maps/MapEditorForm.h"
@@ -215,6 +216,20 @@ void MainForm::checkChatFile()
     restoreChat();
 }
 
+// The team editor reads the teams afresh, so what an earlier load kept of
+// the section goes first.
+void MainForm::openTeamEditor()
+{
+    TeamsText.clear();
+    try {
+        TeamEditorForm editor(this);
+        editor.exec();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+    }
+}
+
 // ---------------------------------------------------------------- tool strip
 
 void MainForm::connectToolStrip()
@@ -245,6 +260,7 @@ void MainForm::connectToolStrip()
         showBackupManager();
     });
     connect(ui.Command17, &QToolButton::clicked, this, &MainForm::checkChatFile);
+    connect(ui.Command20, &QToolButton::clicked, this, &MainForm::openTeamEditor);
     connect(ui.Command24, &QToolButton::clicked, this, &MainForm::showPlugins);
 }
 

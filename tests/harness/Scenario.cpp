@@ -15,6 +15,7 @@
 #include "wizard/MainForm.h"
 #include "bots/BotStore.h"
 #include "bots/Examination.h"
+#include "bots/TeamEditForm.h"
 #include "wizard/Program.h"
 
 #include <QApplication>
@@ -161,6 +162,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         text("ExamineQuadFreak", &torvik::ExamineQuadFreak);
         text("ExamineCamper", &torvik::ExamineCamper);
         text("ExaminePing", &torvik::ExaminePing);
+        text("TeamEditIndex", &torvik::TeamEditIndex);
         text("InfoMapName", &torvik::InfoMapName);
         text("CycleTitle", &torvik::CycleTitle);
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
@@ -635,6 +637,13 @@ QString Interpreter::validateCheck(const Line& line) const
     }
     if (subject == QLatin1String("input-default"))
         return need(1, "input-default TEXT");
+    if (subject == QLatin1String("box-icon")) {
+        if (QString e = need(1, "box-icon question|critical|exclamation|information"); !e.isEmpty())
+            return e;
+        if (!QStringList{"question", "critical", "exclamation", "information"}.contains(line.word(2)))
+            return QStringLiteral("box-icon takes question, critical, exclamation or information");
+        return QString();
+    }
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
     if (subject == QLatin1String("same"))
@@ -1163,6 +1172,15 @@ void Interpreter::doCheck(const Line& line)
     if (subject == QLatin1String("global")) {
         compare(QStringLiteral("global %1").arg(line.word(2)), quoteText(line.word(3)),
                 quoteText(globalTable()[line.word(2)]()));
+        return;
+    }
+    if (subject == QLatin1String("box-icon")) {
+        const BoxRecord* last = nullptr;
+        for (const BoxRecord& box : dialogs_->boxes)
+            last = box.kind == BoxKind::Message ? &box : last;
+        static const char* const names[] = {"none", "information", "exclamation", "critical", "question"};
+        compare(QStringLiteral("box-icon"), line.word(2),
+                last ? QString::fromLatin1(names[int(last->icon)]) : QStringLiteral("no message box shown"));
         return;
     }
     if (subject == QLatin1String("input-default")) {
