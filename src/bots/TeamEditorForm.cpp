@@ -2,6 +2,7 @@
 
 #include "bots/TeamEditForm.h"
 #include "platform/Dialogs.h"
+#include "platform/Files.h"
 #include "platform/Timer.h"
 
 #include <QKeyEvent>
@@ -64,6 +65,8 @@ void TeamEditorForm::loadTeams()
         reject();
         return;
     }
+    readFile_.clear();
+    platform::readFile(botsFilePath(), readFile_);
     if (!GetNewTeams()) {
         reject();
         return;
@@ -138,6 +141,14 @@ void TeamEditorForm::clearTeams()
 // another try or an Exit.
 void TeamEditorForm::saveTeams()
 {
+    QByteArray onDisk;
+    platform::readFile(botsFilePath(), onDisk);
+    if (onDisk != readFile_
+        && platform::msgBox(QStringLiteral("bots.cfg has been changed by another program since the Team Editor read it. "
+                                           "Saving now replaces that change. Save anyway?"),
+                            platform::Buttons::YesNo, platform::Icon::Exclamation, QStringLiteral("Team Editor"))
+               != platform::Answer::Yes)
+        return;
     std::vector<TeamRecord> teams;
     for (int row = 0; row < ui.ListView1->topLevelItemCount(); ++row) {
         const QTreeWidgetItem* item = ui.ListView1->topLevelItem(row);

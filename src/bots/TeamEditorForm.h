@@ -4,6 +4,7 @@
 #include "bots/BotStore.h"
 #include "ui_TeamEditorForm.h"
 
+#include <QByteArray>
 #include <QDialog>
 
 namespace platform {
@@ -37,6 +38,10 @@ private:
     void saveTeams();
     QTreeWidgetItem* chosenTeam() const;
     static void showTeam(QTreeWidgetItem* item, const TeamRecord& team);
+
+    // bots.cfg as this editor read it, to tell a change made meanwhile by
+    // another program before a save would replace it.
+    QByteArray readFile_;
 };
 
 } // namespace torvik
