@@ -73,10 +73,11 @@ void TeamEditorForm::loadTeams()
     }
     if (TeamsSectionLines == 0)
         platform::msgBox(QStringLiteral("No teams found."));
-    for (const TeamRecord& team : Teams) {
-        auto* item = new QTreeWidgetItem(ui.ListView1);
-        showTeam(item, team);
-    }
+    QList<QTreeWidgetItem*> items;
+    items.reserve(qsizetype(Teams.size()));
+    for (const TeamRecord& team : Teams)
+        items << new QTreeWidgetItem(QStringList{team.Name, team.Abbreviation, team.ModelSkin, team.Members});
+    ui.ListView1->addTopLevelItems(items);
     if (QTreeWidgetItem* first = ui.ListView1->topLevelItem(0))
         ui.ListView1->setCurrentItem(first);
     if (!TeamEditor1->listBots())
