@@ -646,6 +646,8 @@ QString Interpreter::validateCheck(const Line& line) const
     }
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
+    if (subject == QLatin1String("file-contains"))
+        return need(2, "file-contains PATH CONTENT");
     if (subject == QLatin1String("same"))
         return need(2, "same PATH OTHER");
     if (subject == QLatin1String("exists")) {
@@ -673,7 +675,7 @@ QString Interpreter::validateCheck(const Line& line) const
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
         property == QLatin1String("exists") || property == QLatin1String("on-top") ||
-        property == QLatin1String("focused")) {
+        property == QLatin1String("focused") || property == QLatin1String("read-only")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1205,6 +1207,15 @@ void Interpreter::doCheck(const Line& line)
             fail(n, QStringLiteral("expected file %1 %2").arg(quoteText(path), diff));
         return;
     }
+    if (subject == QLatin1String("file-contains")) {
+        const QString path = line.word(2);
+        QFile f(path);
+        if (!QFileInfo(path).isFile() || !f.open(QIODevice::ReadOnly))
+            fail(n, QStringLiteral("expected file-contains %1 %2 / found no readable file").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+        else if (!f.readAll().contains(line.words[3].bytes))
+            fail(n, QStringLiteral("expected file-contains %1 %2 / found the file without it").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+        return;
+    }
     if (subject == QLatin1String("same")) {
         QByteArray contents[2];
         for (int i = 0; i < 2; ++i) {
@@ -1303,6 +1314,12 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
+    } else if (property == QLatin1String("read-only")) {
+        const QVariant readOnly = object->property("readOnly");
+        if (!readOnly.isValid())
+            problem = QStringLiteral("a control without a read-only state");
+        else
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(readOnly.toBool()));
     } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
                property == QLatin1String("focused")) {
         bool on = false;
