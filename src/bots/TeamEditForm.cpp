@@ -79,7 +79,6 @@ bool TeamEditForm::listBots()
 
 void TeamEditForm::listModels()
 {
-    const QSignalBlocker quiet(ui.List1);
     ui.List1->clear();
     ui.List1->addItems(platform::listFolders(playersFolderPath()));
     ui.List1->setCurrentRow(0);
@@ -100,7 +99,6 @@ void TeamEditForm::listSkins()
 void TeamEditForm::startNewTeam()
 {
     listModels();
-    listSkins();
     ui.Check1->setChecked(false);
     useNoModel(false);
     ui.Text1->setText(QStringLiteral("Team"));
@@ -128,7 +126,6 @@ void TeamEditForm::startEditing(const TeamRecord& team)
         useNoModel(false);
         const qsizetype slash = team.ModelSkin.indexOf(QLatin1Char('/'));
         selectRowByText(ui.List1, team.ModelSkin.left(slash));
-        listSkins();
         selectRowByText(ui.List2, slash < 0 ? QString() : team.ModelSkin.mid(slash + 1));
     } else {
         ui.Check1->setChecked(true);
