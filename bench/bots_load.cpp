@@ -5,9 +5,11 @@
 #include "bots/BotListing.h"
 #include "bots/BotStore.h"
 #include "bots/BotsFile.h"
+#include "bots/TeamEditorForm.h"
 #include "harness/Doubles.h"
 #include "pages/BotViews.h"
 #include "platform/Files.h"
+#include "platform/Timer.h"
 #include "wizard/Globals.h"
 
 #include <QDir>
@@ -179,6 +181,35 @@ void BM_GetNewTeams(benchmark::State& state)
     state.counters["teams"] = torvik::TeamCount;
 }
 BENCHMARK(BM_GetNewTeams)->ArgName("rows")->Arg(618)->Arg(10000)->Unit(benchmark::kMillisecond);
+
+// The team editor as the user opens it on a full file: 10000 bots and 5000
+// teams, the teams listed and the installed bots listed for the member picker.
+void BM_TeamEditorOpen(benchmark::State& state)
+{
+    harness::ensureApplication();
+    harness::RecordingDialogs dialogs;
+    Installs& installs = Installs::get();
+    installs.use(installs.game(), 10000);
+    QByteArray file;
+    platform::readFile(torvik::botsFilePath(), file);
+    file.chop(2); // the final print's empty line goes behind the teams
+    for (int t = 0; t < torvik::kMaxTeams - 16; ++t)
+        file += QStringLiteral("\"More%1\"\t\"M\"\t\"\"\t[\"Bot00003\" ]\r\n").arg(t).toLatin1();
+    platform::writeFile(torvik::botsFilePath(), file);
+    platform::Timer::useManualClock(true);
+    int teams = 0;
+    for (auto _ : state) {
+        torvik::BotFileErrorFlag = 0;
+        torvik::TeamsText.clear();
+        torvik::TeamEditorForm editor;
+        platform::Timer::advance(1);
+        teams = editor.ui.ListView1->topLevelItemCount();
+    }
+    if (!dialogs.boxes.empty())
+        state.SkipWithError("a box was shown");
+    state.counters["teams"] = teams;
+}
+BENCHMARK(BM_TeamEditorOpen)->Unit(benchmark::kMillisecond);
 
 // The parts of a load on their own: the scan from memory and the index.
 void BM_ReadBotsSection(benchmark::State& state)

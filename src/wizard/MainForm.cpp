@@ -2,6 +2,8 @@
 
 #include "backup/BackupManagerForm.h"
 #include "bots/BotStore.h"
+#include "bots/TeamEditorForm.h"
+#include "chat/ChatEditorForm.h"
 #include "custom/CustomForm.h"
 #include "maps/MapEditorForm.h"
 #include "media/Graphics.h"
@@ -199,11 +201,33 @@ void MainForm::showPlugins()
 // to edit, and the user is offered the factory copy or a backup.
 void MainForm::checkChatFile()
 {
-    if (platform::fileExists(backup::userFilePath(backup::Kind::Chat)))
+    if (platform::fileExists(backup::userFilePath(backup::Kind::Chat))) {
+        try {
+            chat::ChatEditorForm editor(this);
+            editor.exec();
+        } catch (const std::bad_alloc&) {
+            platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+            ExitProgram(true);
+        }
         return;
+    }
     platform::beep();
     platform::msgBox(QStringLiteral("Error! Chat.txt file couldn't be found."));
     restoreChat();
+}
+
+// The team editor reads the teams afresh, so what an earlier load kept of
+// the section goes first.
+void MainForm::openTeamEditor()
+{
+    TeamsText.clear();
+    try {
+        TeamEditorForm editor(this);
+        editor.exec();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+    }
 }
 
 // ---------------------------------------------------------------- tool strip
@@ -236,6 +260,7 @@ void MainForm::connectToolStrip()
         showBackupManager();
     });
     connect(ui.Command17, &QToolButton::clicked, this, &MainForm::checkChatFile);
+    connect(ui.Command20, &QToolButton::clicked, this, &MainForm::openTeamEditor);
     connect(ui.Command24, &QToolButton::clicked, this, &MainForm::showPlugins);
 }
 

@@ -46,6 +46,7 @@ private:
     void restoreChat();
     void showBackupManager();
     void checkChatFile();
+    void openTeamEditor();
     void showPlugins();
 
     // Tool strip (MainForm.cpp).

@@ -15,6 +15,7 @@
 #include "wizard/MainForm.h"
 #include "bots/BotStore.h"
 #include "bots/Examination.h"
+#include "bots/TeamEditForm.h"
 #include "wizard/Program.h"
 
 #include <QApplication>
@@ -163,6 +164,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         text("ExamineQuadFreak", &torvik::ExamineQuadFreak);
         text("ExamineCamper", &torvik::ExamineCamper);
         text("ExaminePing", &torvik::ExaminePing);
+        text("TeamEditIndex", &torvik::TeamEditIndex);
         text("InfoMapName", &torvik::InfoMapName);
         text("CycleTitle", &torvik::CycleTitle);
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
@@ -647,8 +649,17 @@ QString Interpreter::validateCheck(const Line& line) const
     }
     if (subject == QLatin1String("input-default"))
         return need(1, "input-default TEXT");
+    if (subject == QLatin1String("box-icon")) {
+        if (QString e = need(1, "box-icon question|critical|exclamation|information"); !e.isEmpty())
+            return e;
+        if (!QStringList{"question", "critical", "exclamation", "information"}.contains(line.word(2)))
+            return QStringLiteral("box-icon takes question, critical, exclamation or information");
+        return QString();
+    }
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
+    if (subject == QLatin1String("file-contains"))
+        return need(2, "file-contains PATH CONTENT");
     if (subject == QLatin1String("same"))
         return need(2, "same PATH OTHER");
     if (subject == QLatin1String("exists")) {
@@ -676,7 +687,7 @@ QString Interpreter::validateCheck(const Line& line) const
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
         property == QLatin1String("exists") || property == QLatin1String("on-top") ||
-        property == QLatin1String("focused")) {
+        property == QLatin1String("focused") || property == QLatin1String("read-only")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1191,6 +1202,15 @@ void Interpreter::doCheck(const Line& line)
                 quoteText(globalTable()[line.word(2)]()));
         return;
     }
+    if (subject == QLatin1String("box-icon")) {
+        const BoxRecord* last = nullptr;
+        for (const BoxRecord& box : dialogs_->boxes)
+            last = box.kind == BoxKind::Message ? &box : last;
+        static const char* const names[] = {"none", "information", "exclamation", "critical", "question"};
+        compare(QStringLiteral("box-icon"), line.word(2),
+                last ? QString::fromLatin1(names[int(last->icon)]) : QStringLiteral("no message box shown"));
+        return;
+    }
     if (subject == QLatin1String("input-default")) {
         const BoxRecord* last = nullptr;
         for (const BoxRecord& box : dialogs_->boxes)
@@ -1211,6 +1231,15 @@ void Interpreter::doCheck(const Line& line)
         const QString diff = describeByteDifference(line.words[3].bytes, f.readAll());
         if (!diff.isEmpty())
             fail(n, QStringLiteral("expected file %1 %2").arg(quoteText(path), diff));
+        return;
+    }
+    if (subject == QLatin1String("file-contains")) {
+        const QString path = line.word(2);
+        QFile f(path);
+        if (!QFileInfo(path).isFile() || !f.open(QIODevice::ReadOnly))
+            fail(n, QStringLiteral("expected file-contains %1 %2 / found no readable file").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+        else if (!f.readAll().contains(line.words[3].bytes))
+            fail(n, QStringLiteral("expected file-contains %1 %2 / found the file without it").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
         return;
     }
     if (subject == QLatin1String("same")) {
@@ -1311,6 +1340,12 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
+    } else if (property == QLatin1String("read-only")) {
+        const QVariant readOnly = object->property("readOnly");
+        if (!readOnly.isValid())
+            problem = QStringLiteral("a control without a read-only state");
+        else
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(readOnly.toBool()));
     } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
                property == QLatin1String("focused")) {
         bool on = false;
