@@ -61,9 +61,18 @@ bool TeamEditForm::listBots()
     ui.ListView2->clear();
     lastMember_ = -1;
     listed_.clear();
+    unlisted_.clear();
     const std::optional<std::vector<int>> rows = loadBots(ProgressFn{});
     if (!rows)
         return false;
+    // Bots whose model isn't installed just now are in no list, but they are
+    // still the user's: a save writes them back behind the listed ones.
+    std::vector<bool> isListed(Bots.size(), false);
+    for (int row : *rows)
+        isListed[size_t(row)] = true;
+    for (size_t i = 0; i < Bots.size(); ++i)
+        if (!isListed[i])
+            unlisted_.push_back(Bots[i]);
     QList<QTreeWidgetItem*> items;
     for (int row : *rows) {
         const BotRecord& b = Bots[size_t(row)];

@@ -30,6 +30,14 @@ public:
     const TeamRecord& editedTeam() const { return edited_; }
     // The listed bots, the rows a save of the team editor writes.
     const std::vector<BotRecord>& listedBots() const { return listed_; }
+    // Every bot row of the file: the listed ones in list order, then those
+    // whose model or skin isn't installed, in the file's order.
+    std::vector<BotRecord> botsToSave() const
+    {
+        std::vector<BotRecord> all = listed_;
+        all.insert(all.end(), unlisted_.begin(), unlisted_.end());
+        return all;
+    }
 
 private:
     void listModels();
@@ -44,6 +52,7 @@ private:
     static void selectRowByText(QListWidget* list, const QString& text);
 
     std::vector<BotRecord> listed_;
+    std::vector<BotRecord> unlisted_;
     TeamRecord edited_;
     int lastMember_ = -1; // row last clicked in the member list, for the examination
 };

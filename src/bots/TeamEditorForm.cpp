@@ -155,7 +155,7 @@ void TeamEditorForm::saveTeams()
         const QTreeWidgetItem* item = ui.ListView1->topLevelItem(row);
         teams.push_back(TeamRecord{item->text(0), item->text(1), item->text(2), item->text(3)});
     }
-    if (SaveFile(TeamEditor1->listedBots(), teams))
+    if (SaveFile(TeamEditor1->botsToSave(), teams))
         accept();
 }
 
