@@ -13,9 +13,9 @@
 #include "wizard/Globals.h"
 
 #include <QDir>
-#include <QListWidget>
-#include <QTreeWidget>
+#include <QListView>
 #include <QTemporaryDir>
+#include <QTreeView>
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -149,9 +149,10 @@ void BM_BotPageLoad(benchmark::State& state)
     harness::RecordingDialogs dialogs;
     Installs& installs = Installs::get();
     installs.use(state.range(1) ? installs.game() : installs.bare(), int(state.range(0)));
-    QTreeWidget view;
-    QListWidget names;
+    QTreeView view;
+    QListView names;
     names.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    pages::StoreRowsModel* rows = pages::showStoreRows(&view, &names);
     for (auto _ : state) {
         torvik::BotFileErrorFlag = 0;
         torvik::TeamsText.clear();
@@ -160,10 +161,10 @@ void BM_BotPageLoad(benchmark::State& state)
             state.SkipWithError("load failed");
             break;
         }
-        pages::fillBotViews(&view, &names, torvik::Bots, *listed);
-        pages::markSelectedRows(&view, &names);
+        pages::fillBotViews(&view, rows, torvik::Bots, *listed);
+        pages::markSelectedRows(rows, &names);
     }
-    state.counters["listed"] = double(view.topLevelItemCount());
+    state.counters["listed"] = double(rows->rowCount());
 }
 BENCHMARK(BM_BotPageLoad)
     ->Apply(rowsAndInstalls);

@@ -1,6 +1,7 @@
 #include "maps/MapTree.h"
 
 #include "maps/MapCatalogue.h"
+#include "maps/MapDuplicates.h"
 #include "platform/Files.h"
 
 #include <QFileInfo>
@@ -311,47 +312,6 @@ MapScanResult listPakMaps(const QString& folder, QStringList& list)
     return {};
 }
 
-// A list as the duplicate check sees it: rows past the end read as empty
-// text, and removing a row that isn't there is an error. The upper-cased
-// names are kept beside the rows so that each comparison doesn't make two.
-class CheckedList {
-public:
-    explicit CheckedList(QStringList& rows)
-        : rows_(rows)
-    {
-        upper_.reserve(rows.size());
-        for (const QString& r : rows)
-            upper_ << r.toUpper();
-    }
-    qsizetype last() const { return rows_.size() - 1; }
-    QString upperRow(qsizetype i) const { return i >= 0 && i < upper_.size() ? upper_[i] : QString(); }
-    bool remove(qsizetype i)
-    {
-        if (i < 0 || i >= rows_.size())
-            return false;
-        rows_.removeAt(i);
-        upper_.removeAt(i);
-        return true;
-    }
-
-private:
-    QStringList& rows_;
-    QStringList upper_;
-};
-
-// Drops the rows of `list` equal to `name`, except the one at index x, which
-// is skipped whichever list x came from. The bound is taken once, so removals
-// let the last rounds read past the end.
-bool dropCopies(CheckedList& list, qsizetype x, const QString& upperName)
-{
-    const qsizetype last = list.last();
-    for (qsizetype y = 0; y <= last; ++y) {
-        if (y != x && list.upperRow(y) == upperName && !list.remove(y))
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 MapScanResult GetNewPak(const QString& modFolder, QStringList& List3) { return listPakMaps(modFolder, List3); }
@@ -360,30 +320,8 @@ MapScanResult GetInternalPak(const QString& folder, QStringList& List1) { return
 
 bool CheckMaps(QStringList& List1, QStringList& List2, QStringList& List3)
 {
-    CheckedList one(List1);
-    CheckedList two(List2);
-    CheckedList three(List3);
-
-    const qsizetype last1 = one.last();
-    for (qsizetype x = 0; x <= last1; ++x) {
-        QString name = one.upperRow(x);
-        // After a stock map goes, the scan starts over at row 0 but keeps its
-        // old bound.
-        while (isBuiltInMap(name)) {
-            if (!one.remove(x))
-                return false;
-            x = 0;
-            name = one.upperRow(x);
-        }
-        if (!dropCopies(one, x, name) || !dropCopies(two, x, name) || !dropCopies(three, x, name))
-            return false;
-    }
-    const qsizetype last2 = two.last();
-    for (qsizetype x = 0; x <= last2; ++x) {
-        if (!dropCopies(three, x, two.upperRow(x)))
-            return false;
-    }
-    return true;
+    const bool anyEmpty = List1.contains(QString()) || List2.contains(QString()) || List3.contains(QString());
+    return anyEmpty ? checkMapsByScan(List1, List2, List3) : checkMapsIndexed(List1, List2, List3);
 }
 
 void AddRestofNodes(MapTree& tree, const QStringList& List1, const QStringList& List2, const QStringList& List3)

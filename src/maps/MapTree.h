@@ -122,6 +122,8 @@ MapScanResult GetInternalPak(const QString& folder, QStringList& List1);
 // even though it is another list: that map stays in both. A row read past a
 // list's end is empty text. False when a row to be removed isn't there any
 // more (the lists are then partly cleaned).
+// Rows are found by name, so thousands of maps take a few passes, one more
+// for each stock map row in List1.
 bool CheckMaps(QStringList& List1, QStringList& List2, QStringList& List3);
 
 // Puts the cleaned lists below their categories, dropping each empty category

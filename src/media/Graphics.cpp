@@ -5,9 +5,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLibrary>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 #include <cstring>
@@ -183,17 +185,29 @@ bool ShowGraphic(const QString& key, QLabel* imageControl)
     return true;
 }
 
+// Drawn once, for the splash and the About panel alike: parsing the SVG was
+// a tenth of the start. The label shows it at its own size, so it is drawn at
+// that size, in the screen's pixels.
 QPixmap splashLogo()
 {
+    static const QString cacheKey = QStringLiteral("torvik/splashLogo");
+    QPixmap pixmap;
+    if (QPixmapCache::find(cacheKey, &pixmap))
+        return pixmap;
     initArtworkResource();
     QSvgRenderer renderer(QStringLiteral(":/artwork/splash.svg"));
     if (!renderer.isValid())
         return QPixmap();
-    QPixmap pixmap(renderer.defaultSize());
+    const qreal ratio = qApp ? qApp->devicePixelRatio() : 1.0;
+    pixmap = QPixmap(renderer.defaultSize() * ratio);
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    renderer.render(&painter);
+    {
+        QPainter painter(&pixmap);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+        renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(renderer.defaultSize())));
+    }
+    QPixmapCache::insert(cacheKey, pixmap);
     return pixmap;
 }
 

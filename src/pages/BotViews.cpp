@@ -2,11 +2,15 @@
 
 #include <QEvent>
 #include <QIcon>
-#include <QListWidget>
+#include <QIdentityProxyModel>
+#include <QItemSelectionModel>
+#include <QListView>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
-#include <QTreeWidget>
+#include <QTreeView>
+
+#include <algorithm>
 
 namespace pages {
 namespace {
@@ -29,6 +33,19 @@ QIcon checkIcon()
     }();
     return icon;
 }
+
+// The name list shows the same rows without the ticks: there the highlight
+// is the mark.
+class NamesWithoutTicks : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (role == Qt::DecorationRole || role == kIconKeyRole)
+            return {};
+        return QIdentityProxyModel::data(index, role);
+    }
+};
 
 class ViewMouse : public QObject {
 public:
@@ -58,93 +75,193 @@ private:
 // Form units are twips: fifteen to a pixel.
 int pixels(int formUnits) { return formUnits / 15; }
 
-} // namespace
-
-QString iconKey(const QTreeWidgetItem* item) { return item->data(0, kIconKeyRole).toString(); }
-
-void setIconKey(QTreeWidgetItem* item, const QString& key)
-{
-    if (iconKey(item) == key)
-        return;
-    item->setData(0, kIconKeyRole, key);
-    item->setIcon(0, key.isEmpty() ? QIcon() : checkIcon());
-}
-
-void setReportColumns(QTreeWidget* view, std::initializer_list<std::pair<const char*, int>> columns)
+// Headers with their widths in the form units the pages were laid out in.
+void showColumns(QTreeView* view, StoreRowsModel* rows, std::initializer_list<std::pair<const char*, int>> columns,
+                 int rowCount, StoreRowsModel::Cell cell)
 {
     QStringList headers;
     for (const auto& c : columns)
         headers << QString::fromLatin1(c.first);
-    view->setColumnCount(int(headers.size()));
-    view->setHeaderLabels(headers);
+    rows->show(headers, rowCount, std::move(cell));
     int i = 0;
     for (const auto& c : columns)
         view->setColumnWidth(i++, pixels(c.second));
 }
 
-void clearReportColumns(QTreeWidget* view)
+QModelIndex nameIndex(const QListView* names, int row) { return names->model()->index(row, 0); }
+
+} // namespace
+
+StoreRowsModel::StoreRowsModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+void StoreRowsModel::show(const QStringList& headers, int rows, Cell cell)
 {
-    view->clear();
-    view->setColumnCount(0);
+    beginResetModel();
+    headers_ = headers;
+    rows_ = rows;
+    cell_ = std::move(cell);
+    ticks_.assign(size_t(rows), 0);
+    endResetModel();
 }
 
-void fillBotViews(QTreeWidget* view, QListWidget* names, const std::vector<torvik::BotRecord>& bots,
-                  const std::vector<int>& listed)
+void StoreRowsModel::clear() { show({}, 0, {}); }
+
+QString StoreRowsModel::text(int row, int column) const
 {
-    view->clear();
-    names->clear();
-    setReportColumns(view, {{"Bot Name(s)", 1200},
-                            {"Model/Skin", 1100},
-                            {"Accuracy", 300},
-                            {"Agresiveness", 300},
-                            {"Combat Skills", 300},
-                            {"Favorite Weapon", 300},
-                            {"Quad Freak", 300},
-                            {"Camper", 300},
-                            {"Average Ping", 460}});
-    QList<QTreeWidgetItem*> items;
-    QStringList texts;
-    items.reserve(qsizetype(listed.size()));
-    texts.reserve(qsizetype(listed.size()));
-    for (int row : listed) {
-        const torvik::BotRecord& b = bots[size_t(row)];
-        items << new QTreeWidgetItem(QStringList{b.Name, b.ModelSkin, QString::number(b.Accuracy),
-                                                 QString::number(b.Aggressiveness), QString::number(b.CombatSkills),
-                                                 QString::number(b.FavoriteWeapon), QString::number(b.QuadFreak),
-                                                 QString::number(b.Camper), QString::number(b.Ping)});
-        texts << b.Name;
+    if (row < 0 || row >= rows_ || column < 0 || column >= headers_.size() || !cell_)
+        return QString();
+    return cell_(row, column);
+}
+
+bool StoreRowsModel::isTicked(int row) const { return row >= 0 && row < rows_ && ticks_[size_t(row)]; }
+
+void StoreRowsModel::setTicked(int row, bool ticked)
+{
+    if (row < 0 || row >= rows_ || bool(ticks_[size_t(row)]) == ticked)
+        return;
+    ticks_[size_t(row)] = ticked;
+    const QModelIndex cell = index(row, 0);
+    emit dataChanged(cell, cell, {Qt::DecorationRole, kIconKeyRole});
+}
+
+int StoreRowsModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
+
+int StoreRowsModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(headers_.size());
+}
+
+QVariant StoreRowsModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    if (role == Qt::DisplayRole)
+        return text(index.row(), index.column());
+    if (index.column() == 0 && isTicked(index.row())) {
+        if (role == Qt::DecorationRole)
+            return checkIcon();
+        if (role == kIconKeyRole)
+            return kCheckKey;
     }
-    view->addTopLevelItems(items);
-    names->addItems(texts);
+    return {};
 }
 
-void fillTeamViews(QTreeWidget* view, QListWidget* names, const std::vector<torvik::TeamRecord>& teams)
+QVariant StoreRowsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    view->clear();
-    names->clear();
-    setReportColumns(view, {{"Team Name(s)", 1100}, {"Abb.", 330}, {"Model/Skin", 800}, {"Team Members", 2500}});
-    QList<QTreeWidgetItem*> items;
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole && section >= 0 && section < headers_.size())
+        return headers_[section];
+    return QAbstractTableModel::headerData(section, orientation, role);
+}
+
+StoreRowsModel* showStoreRows(QTreeView* view, QListView* names)
+{
+    auto* rows = new StoreRowsModel(view);
+    view->setModel(rows);
+    view->setUniformRowHeights(true);
+    auto* shown = new NamesWithoutTicks(names);
+    shown->setSourceModel(rows);
+    names->setModel(shown);
+    names->setUniformItemSizes(true);
+    return rows;
+}
+
+void fillBotViews(QTreeView* view, StoreRowsModel* rows, const std::vector<torvik::BotRecord>& bots,
+                  std::vector<int> listed)
+{
+    const int count = int(listed.size());
+    // The store may be read again under the views: a row whose bot is gone reads empty.
+    auto cell = [&bots, listed = std::move(listed)](int row, int column) -> QString {
+        const size_t at = size_t(listed[size_t(row)]);
+        if (at >= bots.size())
+            return QString();
+        const torvik::BotRecord& b = bots[at];
+        switch (column) {
+        case 0: return b.Name;
+        case 1: return b.ModelSkin;
+        case 2: return QString::number(b.Accuracy);
+        case 3: return QString::number(b.Aggressiveness);
+        case 4: return QString::number(b.CombatSkills);
+        case 5: return QString::number(b.FavoriteWeapon);
+        case 6: return QString::number(b.QuadFreak);
+        case 7: return QString::number(b.Camper);
+        default: return QString::number(b.Ping);
+        }
+    };
+    showColumns(view, rows,
+                {{"Bot Name(s)", 1200},
+                 {"Model/Skin", 1100},
+                 {"Accuracy", 300},
+                 {"Agresiveness", 300},
+                 {"Combat Skills", 300},
+                 {"Favorite Weapon", 300},
+                 {"Quad Freak", 300},
+                 {"Camper", 300},
+                 {"Average Ping", 460}},
+                count, std::move(cell));
+}
+
+void fillTeamViews(QTreeView* view, StoreRowsModel* rows, const std::vector<torvik::TeamRecord>& teams)
+{
+    auto cell = [&teams](int row, int column) -> QString {
+        if (size_t(row) >= teams.size())
+            return QString();
+        const torvik::TeamRecord& t = teams[size_t(row)];
+        switch (column) {
+        case 0: return t.Name;
+        case 1: return t.Abbreviation;
+        case 2: return t.ModelSkin;
+        default: return t.Members;
+        }
+    };
+    showColumns(view, rows, {{"Team Name(s)", 1100}, {"Abb.", 330}, {"Model/Skin", 800}, {"Team Members", 2500}},
+                int(teams.size()), std::move(cell));
+}
+
+bool isRowSelected(const QListView* names, int row)
+{
+    return names->selectionModel()->isSelected(nameIndex(names, row));
+}
+
+void setRowSelected(QListView* names, int row, bool selected)
+{
+    const QModelIndex index = nameIndex(names, row);
+    if (index.isValid())
+        names->selectionModel()->select(index, selected ? QItemSelectionModel::Select : QItemSelectionModel::Deselect);
+}
+
+int selectedRowCount(const QListView* names)
+{
+    const QModelIndexList chosen = names->selectionModel()->selectedIndexes();
+    return int(std::count_if(chosen.begin(), chosen.end(), [](const QModelIndex& i) { return i.column() == 0; }));
+}
+
+QStringList selectedRowTexts(const QListView* names)
+{
+    std::vector<int> rows;
+    const QModelIndexList chosen = names->selectionModel()->selectedIndexes();
+    for (const QModelIndex& i : chosen)
+        if (i.column() == 0)
+            rows.push_back(i.row());
+    std::sort(rows.begin(), rows.end());
     QStringList texts;
-    for (const torvik::TeamRecord& t : teams) {
-        items << new QTreeWidgetItem(QStringList{t.Name, t.Abbreviation, t.ModelSkin, t.Members});
-        texts << t.Name;
-    }
-    names->addItems(texts);
-    view->addTopLevelItems(items);
+    texts.reserve(qsizetype(rows.size()));
+    for (int row : rows)
+        texts << nameIndex(names, row).data().toString();
+    return texts;
 }
 
-void markSelectedRows(QTreeWidget* view, const QListWidget* names)
+void markSelectedRows(StoreRowsModel* rows, const QListView* names)
 {
-    const int rows = qMin(names->count(), view->topLevelItemCount());
-    for (int i = 0; i < rows; ++i)
-        setIconKey(view->topLevelItem(i), names->item(i)->isSelected() ? kCheckKey : QString());
+    const int count = qMin(rows->rowCount(), names->model()->rowCount());
+    for (int i = 0; i < count; ++i)
+        rows->setTicked(i, isRowSelected(names, i));
 }
 
-void toggleMarkedRow(QTreeWidgetItem* item, QListWidgetItem* row)
+void toggleMarkedRow(StoreRowsModel* rows, QListView* names, int row)
 {
-    const bool marked = iconKey(item) == kCheckKey;
-    setIconKey(item, marked ? QString() : kCheckKey);
-    row->setSelected(!marked);
+    const bool marked = rows->isTicked(row);
+    rows->setTicked(row, !marked);
+    setRowSelected(names, row, !marked);
 }
 
 void onViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress)

@@ -3,7 +3,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QItemSelectionModel>
+#include <QListView>
 #include <QListWidget>
+#include <QSet>
 
 namespace pages {
 
@@ -47,6 +50,19 @@ void selectRowsNamed(QListWidget* list, const QStringList& names)
 {
     for (int i = 0; i < list->count(); ++i)
         list->item(i)->setSelected(names.contains(list->item(i)->text()));
+}
+
+void selectRowsNamed(QListView* list, const QStringList& names)
+{
+    const QSet<QString> wanted(names.begin(), names.end());
+    const QAbstractItemModel* model = list->model();
+    QItemSelection chosen;
+    for (int i = 0; i < model->rowCount(); ++i) {
+        const QModelIndex index = model->index(i, 0);
+        if (wanted.contains(index.data().toString()))
+            chosen.select(index, index);
+    }
+    list->selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
 }
 
 void chooseRowNamed(QComboBox* combo, const QString& text)

@@ -8,6 +8,7 @@
 class QCheckBox;
 class QComboBox;
 class QLineEdit;
+class QListView;
 class QListWidget;
 
 namespace pages {
@@ -25,6 +26,8 @@ void restoreTexts(const datafile::SavedAnswers& saved, std::initializer_list<QLi
 // Selects the rows of these names that are still listed; the others lose
 // their selection.
 void selectRowsNamed(QListWidget* list, const QStringList& names);
+// The same for a list over a model, in one change of its selection.
+void selectRowsNamed(QListView* list, const QStringList& names);
 // The row of that text without regard to case; an unknown text leaves the
 // combo as it was.
 void chooseRowNamed(QComboBox* combo, const QString& text);

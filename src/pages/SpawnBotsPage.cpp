@@ -14,7 +14,7 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
 {
     ui.setupUi(this);
     // The two views stand at one place, one of them shown.
-    clearReportColumns(ui.ListView1);
+    botRows_ = showStoreRows(ui.ListView1, ui.List2);
     ui.ListView1->setSortingEnabled(false);
     ui.ListView1->setSelectionMode(QAbstractItemView::SingleSelection);
     ui.ListView1->setIconSize(QSize(16, 16));
@@ -26,8 +26,8 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
     connect(ui.HScroll1, &QScrollBar::valueChanged, this, &SpawnBotsPage::followSlider);
     connect(ui.Check33, &QCheckBox::toggled, this, [this] { showExtendedView(ui.Check33->isChecked()); });
     connect(ui.Check34, &QCheckBox::toggled, this, [this] { showExtendedView(!ui.Check34->isChecked()); });
-    connect(ui.ListView1, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { ListCurrentBot = ui.ListView1->indexOfTopLevelItem(item) + 1; });
+    connect(ui.ListView1, &QTreeView::clicked, this,
+            [this](const QModelIndex& index) { ListCurrentBot = index.row() + 1; });
     onViewMouse(ui.ListView1, [this] { toggleBotMark(); }, [this] { examineBot(); });
     Timer2 = new platform::Timer(this, 100, false);
     Timer2->setObjectName(QStringLiteral("Timer2"));
@@ -35,7 +35,8 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
         Timer2->setEnabled(false);
         showBotCounter();
     });
-    connect(ui.List2, &QListWidget::itemSelectionChanged, this, [this] { Timer2->setEnabled(true); });
+    connect(ui.List2->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { Timer2->setEnabled(true); });
     connect(ui.Command3, &QPushButton::clicked, this, &SpawnBotsPage::refreshBots);
 
     showBotMode();
@@ -53,12 +54,10 @@ void SpawnBotsPage::loadBots()
     if (showProgress)
         emit loadEnded();
 
-    if (listed) {
-        fillBotViews(ui.ListView1, ui.List2, torvik::Bots, *listed);
-    } else {
-        ui.ListView1->clear();
-        ui.List2->clear();
-    }
+    if (listed)
+        fillBotViews(ui.ListView1, botRows_, torvik::Bots, *listed);
+    else
+        botRows_->clear();
     markChosenBots();
 }
 
@@ -110,46 +109,43 @@ void SpawnBotsPage::showExtendedView(bool extended)
 
 void SpawnBotsPage::markChosenBots()
 {
-    markSelectedRows(ui.ListView1, ui.List2);
+    markSelectedRows(botRows_, ui.List2);
     showBotCounter();
 }
 
 void SpawnBotsPage::showBotCounter()
 {
-    ui.Label36->setText(QString::number(ui.List2->selectedItems().size()));
-    ui.Label2->setText(QLatin1Char('/') + QString::number(ui.List2->count()));
+    ui.Label36->setText(QString::number(selectedRowCount(ui.List2)));
+    ui.Label2->setText(QLatin1Char('/') + QString::number(botRows_->rowCount()));
 }
 
 // Double-clicking a row toggles it in the selection; the list's own
 // highlight means nothing.
 void SpawnBotsPage::toggleBotMark()
 {
-    if (ui.ListView1->topLevelItemCount() < 1)
+    if (ListCurrentBot < 1 || ListCurrentBot > botRows_->rowCount())
         return;
-    QTreeWidgetItem* item = ui.ListView1->topLevelItem(ListCurrentBot - 1);
-    QListWidgetItem* row = ui.List2->item(ListCurrentBot - 1);
-    if (!item || !row)
-        return;
-    toggleMarkedRow(item, row);
+    toggleMarkedRow(botRows_, ui.List2, ListCurrentBot - 1);
 }
 
 void SpawnBotsPage::examineBot()
 {
-    QTreeWidgetItem* item = ui.ListView1->topLevelItem(ListCurrentBot - 1);
-    if (ListCurrentBot < 1 || !item)
+    const int row = ListCurrentBot - 1;
+    if (row < 0 || row >= botRows_->rowCount())
         return;
-    torvik::ExamineName = item->text(0);
-    const QString modelSkin = item->text(1);
+    auto cell = [this, row](int column) { return botRows_->text(row, column); };
+    torvik::ExamineName = cell(0);
+    const QString modelSkin = cell(1);
     const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
     torvik::ExamineModel = modelSkin.left(slash);
     torvik::ExamineSkin = modelSkin.mid(slash + 1);
-    torvik::ExamineAccuracy = item->text(2);
-    torvik::ExamineAggressiveness = item->text(3);
-    torvik::ExamineCombatSkills = item->text(4);
-    torvik::ExamineFavoriteWeapon = item->text(5);
-    torvik::ExamineQuadFreak = item->text(6);
-    torvik::ExamineCamper = item->text(7);
-    torvik::ExaminePing = item->text(8);
+    torvik::ExamineAccuracy = cell(2);
+    torvik::ExamineAggressiveness = cell(3);
+    torvik::ExamineCombatSkills = cell(4);
+    torvik::ExamineFavoriteWeapon = cell(5);
+    torvik::ExamineQuadFreak = cell(6);
+    torvik::ExamineCamper = cell(7);
+    torvik::ExaminePing = cell(8);
     if (torvik::ShowExamineForm)
         torvik::ShowExamineForm();
 }
@@ -157,9 +153,9 @@ void SpawnBotsPage::examineBot()
 // Reading bots.cfg again loses the selection.
 void SpawnBotsPage::refreshBots()
 {
+    botRows_->clear();
     torvik::Bots.clear();
     torvik::BotCount = 0;
-    ui.List2->clear();
     ui.Label36->setText(QStringLiteral("0"));
     torvik::ShowBotProgress = 1;
     loadBots();
@@ -178,16 +174,9 @@ bool SpawnBotsPage::specificBots() const { return ui.Option5->isChecked(); }
 
 QString SpawnBotsPage::chosenCount() const { return ui.Label36->text(); }
 
-int SpawnBotsPage::listedBotCount() const { return ui.List2->count(); }
+int SpawnBotsPage::listedBotCount() const { return botRows_->rowCount(); }
 
-QStringList SpawnBotsPage::chosenBots() const
-{
-    QStringList names;
-    for (int i = 0; i < ui.List2->count(); ++i)
-        if (ui.List2->item(i)->isSelected())
-            names << ui.List2->item(i)->text();
-    return names;
-}
+QStringList SpawnBotsPage::chosenBots() const { return selectedRowTexts(ui.List2); }
 
 void SpawnBotsPage::readAnswersInto(torvik::ComposerInput& in) const
 {

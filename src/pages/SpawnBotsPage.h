@@ -15,6 +15,8 @@ struct SavedAnswers;
 }
 namespace pages {
 
+class StoreRowsModel;
+
 // The bots to play against: an amount of random bots, or bots picked from
 // bots.cfg in one of two views of the same selection, the report view with
 // its ticks or the plain name list.
@@ -67,6 +69,8 @@ private:
 
     // True while the amount sets the slider, which must not set it back.
     bool tyingAmount_ = false;
+    // The listed bots, which both views show.
+    StoreRowsModel* botRows_;
 };
 
 } // namespace pages

@@ -15,7 +15,7 @@ TeamsPage::TeamsPage(QWidget* parent) : QWidget(parent)
 {
     ui.setupUi(this);
     // The two views stand at one place, one of them shown.
-    clearReportColumns(ui.ListView2);
+    teamRows_ = showStoreRows(ui.ListView2, ui.List3);
     ui.ListView2->setSortingEnabled(false);
     ui.ListView2->setSelectionMode(QAbstractItemView::SingleSelection);
     ui.ListView2->setIconSize(QSize(16, 16));
@@ -29,11 +29,11 @@ TeamsPage::TeamsPage(QWidget* parent) : QWidget(parent)
         if (on)
             showTeamView(false);
     });
-    connect(ui.ListView2, &QTreeWidget::itemClicked, this,
-            [this](QTreeWidgetItem* item) { ListCurrentTeam = ui.ListView2->indexOfTopLevelItem(item) + 1; });
+    connect(ui.ListView2, &QTreeView::clicked, this,
+            [this](const QModelIndex& index) { ListCurrentTeam = index.row() + 1; });
     onViewMouse(ui.ListView2, [this] { toggleTeamMark(); });
-    connect(ui.List3, &QListWidget::itemSelectionChanged, this, &TeamsPage::takeClickedTeam);
-    connect(ui.List3, &QListWidget::itemDoubleClicked, this, &TeamsPage::markDoubleClickedTeam);
+    connect(ui.List3->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TeamsPage::takeClickedTeam);
+    connect(ui.List3, &QListView::doubleClicked, this, &TeamsPage::markDoubleClickedTeam);
     connect(ui.Combo1, &QComboBox::currentTextChanged, this, &TeamsPage::dropOwnTeam);
     connect(ui.Command4, &QPushButton::clicked, this, &TeamsPage::refreshTeams);
 }
@@ -41,8 +41,7 @@ TeamsPage::TeamsPage(QWidget* parent) : QWidget(parent)
 void TeamsPage::loadTeams()
 {
     ui.ListView2->setSortingEnabled(false);
-    clearReportColumns(ui.ListView2);
-    ui.List3->clear();
+    teamRows_->clear();
     ui.Combo1->clear();
     if (!torvik::GetNewTeams())
         return;
@@ -51,7 +50,7 @@ void TeamsPage::loadTeams()
         platform::msgBox(QStringLiteral("No teams found."));
         return;
     }
-    fillTeamViews(ui.ListView2, ui.List3, torvik::Teams);
+    fillTeamViews(ui.ListView2, teamRows_, torvik::Teams);
     for (const torvik::TeamRecord& t : torvik::Teams)
         ui.Combo1->addItem(t.Name);
     if (ui.Combo1->count() > 0)
@@ -65,54 +64,46 @@ void TeamsPage::showTeamView(bool extended)
     markChosenTeams();
 }
 
-void TeamsPage::markChosenTeams() { markSelectedRows(ui.ListView2, ui.List3); }
+void TeamsPage::markChosenTeams() { markSelectedRows(teamRows_, ui.List3); }
+
+bool TeamsPage::isOwnTeam(int row) const { return teamRows_->text(row, 0) == ui.Combo1->currentText(); }
 
 void TeamsPage::toggleTeamMark()
 {
-    if (ListCurrentTeam < 1)
+    const int row = ListCurrentTeam - 1;
+    if (row < 0 || row >= teamRows_->rowCount() || isOwnTeam(row))
         return;
-    QTreeWidgetItem* item = ui.ListView2->topLevelItem(ListCurrentTeam - 1);
-    QListWidgetItem* row = ui.List3->item(ListCurrentTeam - 1);
-    if (!item || !row || item->text(0) == ui.Combo1->currentText())
-        return;
-    toggleMarkedRow(item, row);
+    toggleMarkedRow(teamRows_, ui.List3, row);
 }
 
 void TeamsPage::takeClickedTeam()
 {
-    QListWidgetItem* row = ui.List3->currentItem();
-    if (row && row->isSelected()) {
-        QTreeWidgetItem* item = ui.ListView2->topLevelItem(ui.List3->row(row));
-        if ((item && item->text(0) == ui.Combo1->currentText()) || row->text() == ui.Combo1->currentText())
-            row->setSelected(false);
-    }
+    const int row = ui.List3->currentIndex().row();
+    if (row >= 0 && isRowSelected(ui.List3, row) && isOwnTeam(row))
+        setRowSelected(ui.List3, row, false);
     dropOwnTeam();
 }
 
 void TeamsPage::markDoubleClickedTeam()
 {
-    QListWidgetItem* row = ui.List3->currentItem();
-    if (!row)
+    const int row = ui.List3->currentIndex().row();
+    if (row < 0)
         return;
-    if (row->text() == ui.Combo1->currentText()) {
-        row->setSelected(false);
+    if (isOwnTeam(row)) {
+        setRowSelected(ui.List3, row, false);
         return;
     }
-    if (QTreeWidgetItem* item = ui.ListView2->topLevelItem(ui.List3->row(row)))
-        setIconKey(item, row->isSelected() ? kCheckKey : QString());
+    teamRows_->setTicked(row, isRowSelected(ui.List3, row));
 }
 
 // The team the user joins leaves the opponents, tick and all.
 void TeamsPage::dropOwnTeam()
 {
-    const QString own = ui.Combo1->currentText();
-    for (int i = 0; i < ui.List3->count(); ++i) {
-        QListWidgetItem* row = ui.List3->item(i);
-        if (row->text() != own)
+    for (int i = 0; i < teamRows_->rowCount(); ++i) {
+        if (!isOwnTeam(i))
             continue;
-        row->setSelected(false);
-        if (QTreeWidgetItem* item = ui.ListView2->topLevelItem(i))
-            setIconKey(item, QString());
+        setRowSelected(ui.List3, i, false);
+        teamRows_->setTicked(i, false);
     }
 }
 
@@ -128,9 +119,9 @@ void TeamsPage::readAnswersInto(torvik::ComposerInput& in) const
 {
     in.playersPerTeam = ui.Text2->text();
     in.ownTeam = ui.Combo1->currentText();
-    for (int i = 0; i < ui.List3->count(); ++i) {
-        in.teamRows << ui.List3->item(i)->text();
-        in.teamSelected << ui.List3->item(i)->isSelected();
+    for (int i = 0; i < teamRows_->rowCount(); ++i) {
+        in.teamRows << teamRows_->text(i, 0);
+        in.teamSelected << isRowSelected(ui.List3, i);
     }
 }
 
@@ -138,10 +129,7 @@ void TeamsPage::saveAnswersInto(datafile::SavedAnswers& saved) const
 {
     saveTexts(saved, {ui.Text2});
     saved.ownTeam = ui.Combo1->currentText();
-    saved.teams.clear();
-    for (int i = 0; i < ui.List3->count(); ++i)
-        if (ui.List3->item(i)->isSelected())
-            saved.teams << ui.List3->item(i)->text();
+    saved.teams = selectedRowTexts(ui.List3);
 }
 
 // Teams that left bots.cfg since the file was saved are left out. The
@@ -154,9 +142,11 @@ void TeamsPage::restoreAnswersFrom(const datafile::SavedAnswers& saved)
     if (own >= 0)
         ui.Combo1->setCurrentIndex(own);
     {
-        const QSignalBlocker quiet(ui.List3);
+        const QSignalBlocker quiet(ui.List3->selectionModel());
         selectRowsNamed(ui.List3, saved.teams);
     }
+    // The list's own repaint was held back with the rest.
+    ui.List3->viewport()->update();
     markChosenTeams();
 }
 

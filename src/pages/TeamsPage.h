@@ -12,6 +12,8 @@ struct SavedAnswers;
 }
 namespace pages {
 
+class StoreRowsModel;
+
 // The team game: the user's own team, the teams to fight in two views of one
 // selection, and the largest team size. The own team can never be chosen as
 // an opponent.
@@ -45,6 +47,11 @@ private:
     void markDoubleClickedTeam();
     void dropOwnTeam();
     void refreshTeams();
+    // Whether a row of the name list is the user's own team.
+    bool isOwnTeam(int row) const;
+
+    // The teams of bots.cfg, which both views show.
+    StoreRowsModel* teamRows_;
 };
 
 } // namespace pages

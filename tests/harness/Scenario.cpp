@@ -703,6 +703,11 @@ QString Interpreter::validateCheck(const Line& line) const
             return QStringLiteral("use: check %1 blank yes|no").arg(subject);
         return needBool(3);
     }
+    if (property == QLatin1String("uniform-rows")) {
+        if (rest != 2)
+            return QStringLiteral("use: check %1 uniform-rows yes|no").arg(subject);
+        return needBool(3);
+    }
     if (property == QLatin1String("pixel")) {
         bool okX = false;
         bool okY = false;
@@ -1402,6 +1407,11 @@ void Interpreter::checkTarget(const Line& line)
         problem = ui::readBlank(object, &blank);
         if (problem.isEmpty())
             compare(yesNo(*ui::parseBool(line.word(3))), yesNo(blank));
+    } else if (property == QLatin1String("uniform-rows")) {
+        bool uniform = false;
+        problem = ui::readUniformRows(object, &uniform);
+        if (problem.isEmpty())
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(uniform));
     } else if (property == QLatin1String("pixel")) {
         QString found;
         problem = ui::readPixel(object, line.word(3).toDouble(), line.word(4).toDouble(), &found);

@@ -28,6 +28,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QSet>
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
@@ -628,6 +629,25 @@ QString readMarkedRows(QObject* c, QStringList* found)
         if (marked)
             found->append(indexText(i));
     }
+    return QString();
+}
+
+QString readUniformRows(QObject* c, bool* found)
+{
+    auto* v = qobject_cast<QAbstractItemView*>(c);
+    if (!v)
+        return kindError(c, "rows");
+    bool promised = false;
+    if (auto* tree = qobject_cast<QTreeView*>(v))
+        promised = tree->uniformRowHeights();
+    else if (auto* list = qobject_cast<QListView*>(v))
+        promised = list->uniformItemSizes();
+    v->doItemsLayout();
+    QSet<int> heights;
+    const QList<QModelIndex> all = viewIndexes(v);
+    for (const QModelIndex& i : all)
+        heights.insert(v->visualRect(i).height());
+    *found = promised && heights.size() <= 1;
     return QString();
 }
 

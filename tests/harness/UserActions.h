@@ -52,6 +52,9 @@ QString readItemEnabled(QObject* control, const QString& item, bool* found);
 // Rows of a list, tree or report view that show an icon in their first
 // column (a mark such as a tick), in order.
 QString readMarkedRows(QObject* control, QStringList* found);
+// True when every row of a list or report view is drawn at one height and
+// the view takes that height from one row instead of measuring each.
+QString readUniformRows(QObject* control, bool* found);
 // Column headers of a tree or report view, in order.
 QString readHeaders(QObject* control, QStringList* found);
 // Every column of the row of a list, tree or report view.
