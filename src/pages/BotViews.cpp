@@ -1,5 +1,7 @@
 #include "pages/BotViews.h"
 
+#include "bots/BotAttributes.h"
+
 #include <QEvent>
 #include <QIcon>
 #include <QListWidget>
@@ -108,10 +110,7 @@ void fillBotViews(QTreeWidget* view, QListWidget* names, const std::vector<torvi
     texts.reserve(qsizetype(listed.size()));
     for (int row : listed) {
         const torvik::BotRecord& b = bots[size_t(row)];
-        items << new QTreeWidgetItem(QStringList{b.Name, b.ModelSkin, QString::number(b.Accuracy),
-                                                 QString::number(b.Aggressiveness), QString::number(b.CombatSkills),
-                                                 QString::number(b.FavoriteWeapon), QString::number(b.QuadFreak),
-                                                 QString::number(b.Camper), QString::number(b.Ping)});
+        items << new QTreeWidgetItem(torvik::botCells(b));
         texts << b.Name;
     }
     view->addTopLevelItems(items);

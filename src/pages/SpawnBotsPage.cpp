@@ -4,7 +4,7 @@
 #include "bots/Examination.h"
 #include "command/Composer.h"
 #include "pages/BotViews.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Timer.h"
 
@@ -19,7 +19,7 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
     ui.ListView1->setSelectionMode(QAbstractItemView::SingleSelection);
     ui.ListView1->setIconSize(QSize(16, 16));
 
-    AttachNumericBox(ui.Text1, FixedRule(0, 60, "0", {QStringLiteral("00")}));
+    platform::AttachNumericBox(ui.Text1, platform::FixedRule(0, 60, "0", {QStringLiteral("00")}));
     connect(ui.Option4, &QRadioButton::toggled, this, &SpawnBotsPage::showBotMode);
     connect(ui.Option5, &QRadioButton::toggled, this, &SpawnBotsPage::showBotMode);
     connect(ui.Text1, &QLineEdit::textChanged, this, &SpawnBotsPage::followAmount);
@@ -79,8 +79,8 @@ void SpawnBotsPage::followAmount()
 {
     const QString text = ui.Text1->text();
     int value = 0;
-    if (!text.isEmpty() && isNumericText(text)) {
-        const double n = numericValue(text);
+    if (!text.isEmpty() && platform::isNumericText(text)) {
+        const double n = platform::numericValue(text);
         if (n >= 0 && n <= 60)
             value = qRound(n);
     }
@@ -138,20 +138,10 @@ void SpawnBotsPage::examineBot()
     QTreeWidgetItem* item = ui.ListView1->topLevelItem(ListCurrentBot - 1);
     if (ListCurrentBot < 1 || !item)
         return;
-    torvik::ExamineName = item->text(0);
-    const QString modelSkin = item->text(1);
-    const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
-    torvik::ExamineModel = modelSkin.left(slash);
-    torvik::ExamineSkin = modelSkin.mid(slash + 1);
-    torvik::ExamineAccuracy = item->text(2);
-    torvik::ExamineAggressiveness = item->text(3);
-    torvik::ExamineCombatSkills = item->text(4);
-    torvik::ExamineFavoriteWeapon = item->text(5);
-    torvik::ExamineQuadFreak = item->text(6);
-    torvik::ExamineCamper = item->text(7);
-    torvik::ExaminePing = item->text(8);
-    if (torvik::ShowExamineForm)
-        torvik::ShowExamineForm();
+    QStringList cells;
+    for (int c = 0; c < item->columnCount(); ++c)
+        cells << item->text(c);
+    torvik::examineBot(cells, window());
 }
 
 // Reading bots.cfg again loses the selection.

@@ -14,6 +14,7 @@
 #include "wizard/Globals.h"
 #include "wizard/MainForm.h"
 #include "bots/BotStore.h"
+#include "bots/BotEditorForm.h"
 #include "bots/Examination.h"
 #include "wizard/Program.h"
 
@@ -161,6 +162,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         text("ExamineQuadFreak", &torvik::ExamineQuadFreak);
         text("ExamineCamper", &torvik::ExamineCamper);
         text("ExaminePing", &torvik::ExaminePing);
+        text("EditIndex", &torvik::EditIndex);
         text("InfoMapName", &torvik::InfoMapName);
         text("CycleTitle", &torvik::CycleTitle);
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
@@ -637,6 +639,8 @@ QString Interpreter::validateCheck(const Line& line) const
         return need(1, "input-default TEXT");
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
+    if (subject == QLatin1String("file-contains"))
+        return need(2, "file-contains PATH CONTENT");
     if (subject == QLatin1String("same"))
         return need(2, "same PATH OTHER");
     if (subject == QLatin1String("exists")) {
@@ -1185,6 +1189,15 @@ void Interpreter::doCheck(const Line& line)
         const QString diff = describeByteDifference(line.words[3].bytes, f.readAll());
         if (!diff.isEmpty())
             fail(n, QStringLiteral("expected file %1 %2").arg(quoteText(path), diff));
+        return;
+    }
+    if (subject == QLatin1String("file-contains")) {
+        const QString path = line.word(2);
+        QFile f(path);
+        if (!QFileInfo(path).isFile() || !f.open(QIODevice::ReadOnly))
+            fail(n, QStringLiteral("expected file %1 to hold %2 / found no readable file").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+        else if (!f.readAll().contains(line.words[3].bytes))
+            fail(n, QStringLiteral("expected file %1 to hold %2 / found it doesn't").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
         return;
     }
     if (subject == QLatin1String("same")) {
