@@ -12,7 +12,7 @@
 #include "platform/ProgramContext.h"
 #include "platform/Random.h"
 
-#include <QShortcut>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 
@@ -209,6 +209,12 @@ void BotEditor1Form::takeBot()
 {
     if (ui.Text1->text().isEmpty()) {
         platform::msgBox(QStringLiteral("You didn't specify a name."));
+        return;
+    }
+    // The file quotes each name, and team rows list members inside brackets:
+    // either mark in a name would end the name early for the mod's reader.
+    if (ui.Text1->text().contains(QRegularExpression(QStringLiteral("[\"\\[\\]]")))) {
+        platform::msgBox(QStringLiteral("A bot's name can't hold quotation marks or brackets."));
         return;
     }
     if (ui.Text2->text().isEmpty()) {
