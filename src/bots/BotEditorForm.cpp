@@ -70,6 +70,7 @@ void BotEditorForm::loadBotList()
     for (int row : *listed)
         items << new QTreeWidgetItem(botCells(Bots[size_t(row)]));
     ui.ListView1->addTopLevelItems(items);
+    unlisted_ = int(Bots.size() - listed->size());
     loaded_ = true;
 }
 
@@ -127,6 +128,15 @@ void BotEditorForm::saveBotList()
     if (changedElsewhere()
         && platform::msgBox(QStringLiteral("Bots.cfg has been changed by another program since the Bot Editor read it. "
                                            "Saving replaces those changes. Save anyway?"),
+                            platform::Buttons::YesNo, platform::Icon::Exclamation, QStringLiteral("Bot Editor"))
+               != platform::Answer::Yes)
+        return;
+    // Only installed bots can be listed, so Save leaves the others out; the
+    // user decides whether they go.
+    if (unlisted_ > 0
+        && platform::msgBox(QStringLiteral("Bots whose model or skin isn't installed: %1. Saving leaves them out of "
+                                           "bots.cfg. Save anyway?")
+                                .arg(unlisted_),
                             platform::Buttons::YesNo, platform::Icon::Exclamation, QStringLiteral("Bot Editor"))
                != platform::Answer::Yes)
         return;

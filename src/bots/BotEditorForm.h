@@ -42,6 +42,8 @@ private:
     // is told before Save replaces it.
     QByteArray readBytes_;
     bool loaded_ = false;
+    // Rows of the file the list leaves out: their model or skin is missing.
+    int unlisted_ = 0;
     bool saved_ = false;
 };
 

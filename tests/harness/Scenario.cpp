@@ -637,6 +637,14 @@ QString Interpreter::validateCheck(const Line& line) const
     }
     if (subject == QLatin1String("input-default"))
         return need(1, "input-default TEXT");
+    if (subject == QLatin1String("box-icon")) {
+        static const QStringList icons{QStringLiteral("question"), QStringLiteral("critical"),
+                                       QStringLiteral("exclamation"), QStringLiteral("information"),
+                                       QStringLiteral("none")};
+        if (rest != 1 || !icons.contains(line.word(2)))
+            return QStringLiteral("use: check box-icon question|critical|exclamation|information|none");
+        return QString();
+    }
     if (subject == QLatin1String("file"))
         return need(2, "file PATH CONTENT");
     if (subject == QLatin1String("file-contains"))
@@ -668,7 +676,7 @@ QString Interpreter::validateCheck(const Line& line) const
         return rest == 2 ? QString() : QStringLiteral("use: check %1 %2 TEXT").arg(subject, property);
     if (property == QLatin1String("enabled") || property == QLatin1String("visible") ||
         property == QLatin1String("exists") || property == QLatin1String("on-top") ||
-        property == QLatin1String("focused")) {
+        property == QLatin1String("focused") || property == QLatin1String("read-only")) {
         if (rest != 2)
             return QStringLiteral("use: check %1 %2 yes|no").arg(subject, property);
         return needBool(3);
@@ -1169,6 +1177,31 @@ void Interpreter::doCheck(const Line& line)
                 quoteText(globalTable()[line.word(2)]()));
         return;
     }
+    if (subject == QLatin1String("box-icon")) {
+        const BoxRecord* last = nullptr;
+        for (const BoxRecord& box : dialogs_->boxes)
+            last = box.kind == BoxKind::Message ? &box : last;
+        auto iconName = [](platform::Icon icon) {
+            switch (icon) {
+            case platform::Icon::Question:
+                return QStringLiteral("question");
+            case platform::Icon::Critical:
+                return QStringLiteral("critical");
+            case platform::Icon::Exclamation:
+                return QStringLiteral("exclamation");
+            case platform::Icon::Information:
+                return QStringLiteral("information");
+            case platform::Icon::None:
+                break;
+            }
+            return QStringLiteral("none");
+        };
+        if (!last)
+            fail(n, QStringLiteral("expected box-icon %1 / found no message box shown").arg(line.word(2)));
+        else
+            compare(QStringLiteral("box-icon"), line.word(2), iconName(last->icon));
+        return;
+    }
     if (subject == QLatin1String("input-default")) {
         const BoxRecord* last = nullptr;
         for (const BoxRecord& box : dialogs_->boxes)
@@ -1298,6 +1331,11 @@ void Interpreter::checkTarget(const Line& line)
     QString problem;
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
+    } else if (property == QLatin1String("read-only")) {
+        bool on = false;
+        problem = ui::readReadOnly(object, &on);
+        if (problem.isEmpty())
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(on));
     } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
                property == QLatin1String("focused")) {
         bool on = false;
