@@ -118,13 +118,20 @@ void BotEditorForm::clearBots()
 
 bool BotEditorForm::changedElsewhere() const
 {
-    return loaded_ && botsFileBytes() != readBytes_;
+    return botsFileBytes() != readBytes_;
 }
 
 // A save that fails keeps the form and its working copy, so nothing typed is
 // lost; the file stays as it was.
 void BotEditorForm::saveBotList()
 {
+    // A file the load couldn't read shows as an empty list; writing that
+    // list would put an empty bots section over the user's rows.
+    if (!loaded_) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Bots.cfg couldn't be read, so the Bot Editor leaves it as it is."));
+        return;
+    }
     if (changedElsewhere()
         && platform::msgBox(QStringLiteral("Bots.cfg has been changed by another program since the Bot Editor read it. "
                                            "Saving replaces those changes. Save anyway?"),
