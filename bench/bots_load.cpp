@@ -1,7 +1,8 @@
 // Loading bots.cfg the way start-up and Refresh do: read, parse, index the
 // installed player models once, filter and sort, then fill the bot page's two
-// views. Files of the factory size (618 rows) and of the store's limit (10000
+// views; and the Bot Editor's open over the same files. Files of the factory size (618 rows) and of the store's limit (10000
 // rows), over a players folder of 300 installed models or over none.
+#include "bots/BotEditorForm.h"
 #include "bots/BotListing.h"
 #include "bots/BotStore.h"
 #include "bots/BotsFile.h"
@@ -167,6 +168,31 @@ void BM_BotPageLoad(benchmark::State& state)
     state.counters["listed"] = double(rows->rowCount());
 }
 BENCHMARK(BM_BotPageLoad)
+    ->Apply(rowsAndInstalls);
+
+// What the user waits for when the Bot Editor opens: the form made, its
+// load on the first tick of its timer, and the list filled.
+void BM_BotEditorOpen(benchmark::State& state)
+{
+    harness::ensureApplication();
+    harness::RecordingDialogs dialogs;
+    Installs& installs = Installs::get();
+    installs.use(state.range(1) ? installs.game() : installs.bare(), int(state.range(0)));
+    platform::Timer::useManualClock(true);
+    int listed = 0;
+    for (auto _ : state) {
+        torvik::BotFileErrorFlag = 0;
+        torvik::TeamsText.clear();
+        torvik::BotEditorForm editor;
+        platform::Timer::advance(1);
+        listed = editor.ui.ListView1->topLevelItemCount();
+    }
+    platform::Timer::useManualClock(false);
+    if (!dialogs.boxes.empty())
+        state.SkipWithError("a box was shown");
+    state.counters["listed"] = double(listed);
+}
+BENCHMARK(BM_BotEditorOpen)
     ->Apply(rowsAndInstalls);
 
 void BM_GetNewTeams(benchmark::State& state)

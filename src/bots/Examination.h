@@ -3,8 +3,9 @@
 // form fills from a list row just before showing it. They stay set until the
 // next examination.
 #include <QString>
+#include <QStringList>
 
-#include <functional>
+class QWidget;
 
 namespace torvik {
 
@@ -19,8 +20,9 @@ inline QString ExamineQuadFreak;
 inline QString ExamineCamper;
 inline QString ExaminePing;
 
-// Shows the examination form modally for the values above. Until that form
-// exists, examining a bot only fills them.
-inline std::function<void()> ShowExamineForm;
+// The one way to examine a bot, for every list that shows bots: the row's
+// nine cells (name, model/skin, the six attributes, ping) fill the values
+// above, and the examination form shows them modally.
+void examineBot(const QStringList& rowCells, QWidget* parent);
 
 } // namespace torvik

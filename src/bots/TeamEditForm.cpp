@@ -185,20 +185,10 @@ void TeamEditForm::examineMember()
     QTreeWidgetItem* item = lastMember_ < 0 ? nullptr : ui.ListView2->topLevelItem(lastMember_);
     if (!item)
         return;
-    ExamineName = item->text(0);
-    const QString modelSkin = item->text(1);
-    const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
-    ExamineModel = modelSkin.left(slash);
-    ExamineSkin = modelSkin.mid(slash + 1);
-    ExamineAccuracy = item->text(2);
-    ExamineAggressiveness = item->text(3);
-    ExamineCombatSkills = item->text(4);
-    ExamineFavoriteWeapon = item->text(5);
-    ExamineQuadFreak = item->text(6);
-    ExamineCamper = item->text(7);
-    ExaminePing = item->text(8);
-    if (ShowExamineForm)
-        ShowExamineForm();
+    QStringList cells;
+    for (int column = 0; column < item->columnCount(); ++column)
+        cells << item->text(column);
+    examineBot(cells, this);
 }
 
 void TeamEditForm::takeTeam()

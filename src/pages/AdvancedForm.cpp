@@ -1,7 +1,7 @@
 #include "pages/AdvancedForm.h"
 
 #include "command/Composer.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 
 #include <QEvent>
@@ -26,7 +26,7 @@ AdvancedForm::AdvancedForm(QWidget* parent) : QDialog(parent)
             box->setEnabled(on);
     });
     for (QLineEdit* box : {ui.Text1, ui.Text2, ui.Text3, ui.Text4})
-        AttachNumericBox(box, FixedRule(0, 255, "0"));
+        platform::AttachNumericBox(box, platform::FixedRule(0, 255, "0"));
     // The dots only stand behind the address parts: a click on them hands
     // the caret to the first part. Tab passes them by, or it would go round
     // the four parts for ever.

@@ -1,5 +1,7 @@
 #include "pages/BotViews.h"
 
+#include "bots/BotAttributes.h"
+
 #include <QEvent>
 #include <QIcon>
 #include <QIdentityProxyModel>

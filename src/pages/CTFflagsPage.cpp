@@ -1,7 +1,7 @@
 #include "pages/CTFflagsPage.h"
 
 #include "command/Composer.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
@@ -22,8 +22,8 @@ CTFflagsPage::CTFflagsPage(QWidget* parent) : QWidget(parent)
     connect(ui.SSTab2, &QTabWidget::currentChanged, this, [this](int tab) {
         emit pictureWanted(tab == 1 ? QStringLiteral("showteameditor") : QStringLiteral("showctfflags"));
     });
-    AttachNumericBox(ui.Text14, FixedRule(0, 50, "1"));
-    AttachNumericBox(ui.Text16, FixedRule(0, 50, "1"));
+    platform::AttachNumericBox(ui.Text14, platform::FixedRule(0, 50, "1"));
+    platform::AttachNumericBox(ui.Text16, platform::FixedRule(0, 50, "1"));
 
     connect(ui.Command8, &QPushButton::clicked, this, [this] { moveSelectedBots(ui.List4, ui.List5); });
     connect(ui.Command9, &QPushButton::clicked, this, [this] { moveSelectedBots(ui.List4, ui.List6); });
@@ -38,7 +38,7 @@ CTFflagsPage::CTFflagsPage(QWidget* parent) : QWidget(parent)
 
 void CTFflagsPage::limitBotsPerHuman(std::function<double()> players)
 {
-    AttachNumericBox(ui.Text15, {0, std::move(players), QStringLiteral("1"), {QStringLiteral("000"), QStringLiteral("00")}});
+    platform::AttachNumericBox(ui.Text15, {0, std::move(players), QStringLiteral("1"), {QStringLiteral("000"), QStringLiteral("00")}});
 }
 
 // Automatic teams leave no room for the special teams; the values stay, so

@@ -3,7 +3,7 @@
 #include "command/Composer.h"
 #include "custom/CustomForm.h"
 #include "pages/AdvancedForm.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
@@ -19,9 +19,9 @@ DMFlagsPage::DMFlagsPage(QWidget* parent) : QWidget(parent)
     platform::enableWhileChecked(ui.Check17, ui.Text4);
     platform::enableWhileChecked(ui.Check18, ui.Text3);
     platform::enableWhileChecked(ui.Check31, ui.Text10);
-    AttachNumericBox(ui.Text3, FixedRule(0, 500, "0"));
-    AttachNumericBox(ui.Text4, FixedRule(0, 500, "0"));
-    AttachNumericBox(ui.Text10, FixedRule(0, 100, "0"));
+    platform::AttachNumericBox(ui.Text3, platform::FixedRule(0, 500, "0"));
+    platform::AttachNumericBox(ui.Text4, platform::FixedRule(0, 500, "0"));
+    platform::AttachNumericBox(ui.Text10, platform::FixedRule(0, 100, "0"));
     connect(ui.Command25, &QPushButton::clicked, this, [this] {
         if (advanced_)
             advanced_->exec();
@@ -46,7 +46,7 @@ void DMFlagsPage::showFlagsNumber(const torvik::DMFlagBoxes& ctfBoxes, bool ctf)
     ui.Frame10->setTitle(QStringLiteral("Death Match Flags (") + QString::number(value) + QLatin1Char(')'));
 }
 
-double DMFlagsPage::maxPlayers() const { return leadingValue(ui.Text10->text()); }
+double DMFlagsPage::maxPlayers() const { return platform::leadingValue(ui.Text10->text()); }
 
 torvik::DMFlagBoxes DMFlagsPage::flagBoxes() const
 {

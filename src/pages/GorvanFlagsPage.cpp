@@ -1,7 +1,7 @@
 #include "pages/GorvanFlagsPage.h"
 
 #include "command/Composer.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Controls.h"
 
@@ -13,8 +13,8 @@ GorvanFlagsPage::GorvanFlagsPage(QWidget* parent) : QWidget(parent)
     connect(ui.HScroll2, &QScrollBar::valueChanged, this, &GorvanFlagsPage::showSkillName);
     platform::enableWhileChecked(ui.Check21, ui.Text5);
     platform::enableWhileChecked(ui.Check32, ui.Text11);
-    AttachNumericBox(ui.Text5, FixedRule(1, 999, "1", {QStringLiteral("0000"), QStringLiteral("000"), QStringLiteral("00")}));
-    AttachNumericBox(ui.Text11, FixedRule(0, 40, "0"));
+    platform::AttachNumericBox(ui.Text5, platform::FixedRule(1, 999, "1", {QStringLiteral("0000"), QStringLiteral("000"), QStringLiteral("00")}));
+    platform::AttachNumericBox(ui.Text11, platform::FixedRule(0, 40, "0"));
 }
 
 void GorvanFlagsPage::showSkillName(int skill)

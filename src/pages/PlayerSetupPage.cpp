@@ -1,5 +1,6 @@
 #include "pages/PlayerSetupPage.h"
 
+#include "bots/ModelViewer.h"
 #include "bots/PlayerModels.h"
 #include "command/Composer.h"
 #include "media/EnlargedSkinForm.h"
@@ -192,34 +193,7 @@ void PlayerSetupPage::showEnlargedSkin()
 
 void PlayerSetupPage::viewModel()
 {
-    const QString plugins =
-        platform::resolvePath(platform::joinPath(platform::programContext.programFolder, QStringLiteral("plugins")));
-    // A viewer built for this system needs nothing beside it; the Windows
-    // one runs through wine and wants its Glide library.
-    QString viewer;
-    for (const char* name : {"md2view", "md2view.exe"}) {
-        for (const QString& file : platform::listExecutables(plugins))
-            if (viewer.isEmpty() && file.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
-                viewer = platform::joinPath(plugins, file);
-    }
-    if (plugins.isEmpty() || viewer.isEmpty()) {
-        platform::msgBox(QStringLiteral("Model Viewer couldn't be found in the TK \\plugins dir."));
-        return;
-    }
-    if (viewer.endsWith(QLatin1String(".exe"), Qt::CaseInsensitive)
-        && !platform::fileExists(platform::resolvePath(platform::joinPath(plugins, QStringLiteral("glide.dll"))))) {
-        platform::msgBox(QStringLiteral("Model Viewer's required file couldn't be found in the TK \\plugins dir."));
-        return;
-    }
-    QString folder = modelFolder();
-    if (folder.isEmpty())
-        folder = platform::joinPath(playersFolder(), ui.Combo5->currentText());
-    const QString mesh = platform::resolvePath(platform::joinPath(folder, QStringLiteral("tris.md2")));
-    const QString skin = skinFile(QStringLiteral(".pcx"));
-    const QStringList arguments{mesh.isEmpty() ? platform::joinPath(folder, QStringLiteral("tris.md2")) : mesh,
-                                skin.isEmpty() ? platform::joinPath(folder, ui.Combo6->currentText() + QStringLiteral(".pcx")) : skin};
-    if (!platform::launcher().start(platform::executableStart(viewer, arguments, plugins)))
-        platform::msgBox(QStringLiteral("Couldn't view the model!"));
+    torvik::startModelViewer(playersFolder(), ui.Combo5->currentText(), ui.Combo6->currentText());
 }
 
 void PlayerSetupPage::saveAnswersInto(datafile::SavedAnswers& saved) const

@@ -4,7 +4,7 @@
 #include "bots/Examination.h"
 #include "command/Composer.h"
 #include "pages/BotViews.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Timer.h"
 
@@ -19,7 +19,7 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
     ui.ListView1->setSelectionMode(QAbstractItemView::SingleSelection);
     ui.ListView1->setIconSize(QSize(16, 16));
 
-    AttachNumericBox(ui.Text1, FixedRule(0, 60, "0", {QStringLiteral("00")}));
+    platform::AttachNumericBox(ui.Text1, platform::FixedRule(0, 60, "0", {QStringLiteral("00")}));
     connect(ui.Option4, &QRadioButton::toggled, this, &SpawnBotsPage::showBotMode);
     connect(ui.Option5, &QRadioButton::toggled, this, &SpawnBotsPage::showBotMode);
     connect(ui.Text1, &QLineEdit::textChanged, this, &SpawnBotsPage::followAmount);
@@ -78,8 +78,8 @@ void SpawnBotsPage::followAmount()
 {
     const QString text = ui.Text1->text();
     int value = 0;
-    if (!text.isEmpty() && isNumericText(text)) {
-        const double n = numericValue(text);
+    if (!text.isEmpty() && platform::isNumericText(text)) {
+        const double n = platform::numericValue(text);
         if (n >= 0 && n <= 60)
             value = qRound(n);
     }
@@ -133,21 +133,10 @@ void SpawnBotsPage::examineBot()
     const int row = ListCurrentBot - 1;
     if (row < 0 || row >= botRows_->rowCount())
         return;
-    auto cell = [this, row](int column) { return botRows_->text(row, column); };
-    torvik::ExamineName = cell(0);
-    const QString modelSkin = cell(1);
-    const qsizetype slash = modelSkin.indexOf(QLatin1Char('/'));
-    torvik::ExamineModel = modelSkin.left(slash);
-    torvik::ExamineSkin = modelSkin.mid(slash + 1);
-    torvik::ExamineAccuracy = cell(2);
-    torvik::ExamineAggressiveness = cell(3);
-    torvik::ExamineCombatSkills = cell(4);
-    torvik::ExamineFavoriteWeapon = cell(5);
-    torvik::ExamineQuadFreak = cell(6);
-    torvik::ExamineCamper = cell(7);
-    torvik::ExaminePing = cell(8);
-    if (torvik::ShowExamineForm)
-        torvik::ShowExamineForm();
+    QStringList cells;
+    for (int column = 0; column < 9; ++column)
+        cells << botRows_->text(row, column);
+    torvik::examineBot(cells, window());
 }
 
 // Reading bots.cfg again loses the selection.

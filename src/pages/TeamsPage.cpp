@@ -3,7 +3,7 @@
 #include "bots/BotStore.h"
 #include "command/Composer.h"
 #include "pages/BotViews.h"
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 #include "pages/SavedControls.h"
 #include "platform/Dialogs.h"
 
@@ -20,7 +20,7 @@ TeamsPage::TeamsPage(QWidget* parent) : QWidget(parent)
     ui.ListView2->setSelectionMode(QAbstractItemView::SingleSelection);
     ui.ListView2->setIconSize(QSize(16, 16));
 
-    AttachNumericBox(ui.Text2, FixedRule(0, 10, "0", {QStringLiteral("00")}));
+    platform::AttachNumericBox(ui.Text2, platform::FixedRule(0, 10, "0", {QStringLiteral("00")}));
     connect(ui.Option6, &QRadioButton::toggled, this, [this](bool on) {
         if (on)
             showTeamView(true);

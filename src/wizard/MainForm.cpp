@@ -1,6 +1,7 @@
 #include "wizard/MainForm.h"
 
 #include "backup/BackupManagerForm.h"
+#include "bots/BotEditorForm.h"
 #include "bots/BotStore.h"
 #include "bots/TeamEditorForm.h"
 #include "chat/ChatEditorForm.h"
@@ -261,6 +262,7 @@ void MainForm::connectToolStrip()
     });
     connect(ui.Command17, &QToolButton::clicked, this, &MainForm::checkChatFile);
     connect(ui.Command20, &QToolButton::clicked, this, &MainForm::openTeamEditor);
+    connect(ui.Command19, &QToolButton::clicked, this, &MainForm::openBotEditor);
     connect(ui.Command24, &QToolButton::clicked, this, &MainForm::showPlugins);
 }
 
@@ -337,6 +339,44 @@ void MainForm::openMapCycleEditor()
     }
     if (!programEnded())
         ui.StartMap->addMaps();
+}
+
+// The editor reads the teams text afresh with its bots, and writes it back
+// behind them on Save.
+void MainForm::openBotEditor()
+{
+    TeamsText.clear();
+    if (!platform::fileExists(platform::resolvePath(botsFilePath()))) {
+        platform::beep();
+        platform::msgBox(QStringLiteral("Error! Bots.cfg file couldn't be found."));
+        restoreBotsCfg();
+        return;
+    }
+    bool saved = false;
+    try {
+        BotEditorForm editor(this);
+        editor.exec();
+        saved = editor.botsSaved();
+    } catch (const std::bad_alloc&) {
+        platform::msgBox(kOutOfMemory, platform::Buttons::Ok, platform::Icon::Critical);
+        ExitProgram(true);
+        return;
+    }
+    if (saved && !programEnded())
+        showSavedBots();
+}
+
+// The pages show the file just saved, as after their Refresh: the bot
+// choice starts empty and the CTF team lists start again from it.
+void MainForm::showSavedBots()
+{
+    TeamsText.clear();
+    ui.SpawnBots->loadBots();
+    if (BotFileErrorFlag == 1)
+        return;
+    ui.Teams->loadTeams();
+    if (DataFileMode != 1)
+        ui.CTFflags->startTeamLists(ui.SpawnBots->chosenBots());
 }
 
 void MainForm::showAbout()

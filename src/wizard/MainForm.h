@@ -58,6 +58,8 @@ private:
     QList<QToolButton*> raisedButtons() const;
     void openPreferences();
     void openMapCycleEditor();
+    void openBotEditor();
+    void showSavedBots();
     void showAbout();
 
     // Wiring between the pages (MainForm.cpp).

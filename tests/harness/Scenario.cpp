@@ -14,6 +14,7 @@
 #include "wizard/Globals.h"
 #include "wizard/MainForm.h"
 #include "bots/BotStore.h"
+#include "bots/BotEditorForm.h"
 #include "bots/Examination.h"
 #include "bots/TeamEditForm.h"
 #include "wizard/Program.h"
@@ -165,6 +166,7 @@ std::map<QString, std::function<QString()>>& globalTable()
         text("ExamineCamper", &torvik::ExamineCamper);
         text("ExaminePing", &torvik::ExaminePing);
         text("TeamEditIndex", &torvik::TeamEditIndex);
+        text("EditIndex", &torvik::EditIndex);
         text("InfoMapName", &torvik::InfoMapName);
         text("CycleTitle", &torvik::CycleTitle);
         number("NoInternalPakMaps", &torvik::NoInternalPakMaps);
@@ -650,10 +652,11 @@ QString Interpreter::validateCheck(const Line& line) const
     if (subject == QLatin1String("input-default"))
         return need(1, "input-default TEXT");
     if (subject == QLatin1String("box-icon")) {
-        if (QString e = need(1, "box-icon question|critical|exclamation|information"); !e.isEmpty())
-            return e;
-        if (!QStringList{"question", "critical", "exclamation", "information"}.contains(line.word(2)))
-            return QStringLiteral("box-icon takes question, critical, exclamation or information");
+        static const QStringList icons{QStringLiteral("question"), QStringLiteral("critical"),
+                                       QStringLiteral("exclamation"), QStringLiteral("information"),
+                                       QStringLiteral("none")};
+        if (rest != 1 || !icons.contains(line.word(2)))
+            return QStringLiteral("use: check box-icon question|critical|exclamation|information|none");
         return QString();
     }
     if (subject == QLatin1String("file"))
@@ -1211,9 +1214,25 @@ void Interpreter::doCheck(const Line& line)
         const BoxRecord* last = nullptr;
         for (const BoxRecord& box : dialogs_->boxes)
             last = box.kind == BoxKind::Message ? &box : last;
-        static const char* const names[] = {"none", "information", "exclamation", "critical", "question"};
-        compare(QStringLiteral("box-icon"), line.word(2),
-                last ? QString::fromLatin1(names[int(last->icon)]) : QStringLiteral("no message box shown"));
+        auto iconName = [](platform::Icon icon) {
+            switch (icon) {
+            case platform::Icon::Question:
+                return QStringLiteral("question");
+            case platform::Icon::Critical:
+                return QStringLiteral("critical");
+            case platform::Icon::Exclamation:
+                return QStringLiteral("exclamation");
+            case platform::Icon::Information:
+                return QStringLiteral("information");
+            case platform::Icon::None:
+                break;
+            }
+            return QStringLiteral("none");
+        };
+        if (!last)
+            fail(n, QStringLiteral("expected box-icon %1 / found no message box shown").arg(line.word(2)));
+        else
+            compare(QStringLiteral("box-icon"), line.word(2), iconName(last->icon));
         return;
     }
     if (subject == QLatin1String("input-default")) {
@@ -1242,9 +1261,9 @@ void Interpreter::doCheck(const Line& line)
         const QString path = line.word(2);
         QFile f(path);
         if (!QFileInfo(path).isFile() || !f.open(QIODevice::ReadOnly))
-            fail(n, QStringLiteral("expected file-contains %1 %2 / found no readable file").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+            fail(n, QStringLiteral("expected file %1 to hold %2 / found no readable file").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
         else if (!f.readAll().contains(line.words[3].bytes))
-            fail(n, QStringLiteral("expected file-contains %1 %2 / found the file without it").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
+            fail(n, QStringLiteral("expected file %1 to hold %2 / found it doesn't").arg(quoteText(path), quoteBytes(line.words[3].bytes)));
         return;
     }
     if (subject == QLatin1String("same")) {
@@ -1346,11 +1365,10 @@ void Interpreter::checkTarget(const Line& line)
     if (property == QLatin1String("visible")) {
         compare(yesNo(*ui::parseBool(line.word(3))), yesNo(ui::isVisibleToUser(object)));
     } else if (property == QLatin1String("read-only")) {
-        const QVariant readOnly = object->property("readOnly");
-        if (!readOnly.isValid())
-            problem = QStringLiteral("a control without a read-only state");
-        else
-            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(readOnly.toBool()));
+        bool on = false;
+        problem = ui::readReadOnly(object, &on);
+        if (problem.isEmpty())
+            compare(yesNo(*ui::parseBool(line.word(3))), yesNo(on));
     } else if (property == QLatin1String("enabled") || property == QLatin1String("on-top") ||
                property == QLatin1String("focused")) {
         bool on = false;

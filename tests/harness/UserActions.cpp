@@ -472,6 +472,21 @@ QString readFocused(QObject* c, bool* found)
     return QString();
 }
 
+QString readReadOnly(QObject* c, bool* found)
+{
+    if (auto* line = qobject_cast<QLineEdit*>(c))
+        *found = line->isReadOnly();
+    else if (auto* plain = qobject_cast<QPlainTextEdit*>(c))
+        *found = plain->isReadOnly();
+    else if (auto* text = qobject_cast<QTextEdit*>(c))
+        *found = text->isReadOnly();
+    else if (auto* spin = qobject_cast<QAbstractSpinBox*>(c))
+        *found = spin->isReadOnly();
+    else
+        return kindError(c, "read-only");
+    return QString();
+}
+
 QString readPicture(QObject* c, QString* found)
 {
     auto* label = qobject_cast<QLabel*>(c);

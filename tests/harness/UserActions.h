@@ -35,6 +35,7 @@ bool isVisibleToUser(QObject* control);
 QString readOnTop(QObject* control, bool* found);
 // The control that keys typed into its form go to.
 QString readFocused(QObject* control, bool* found);
+QString readReadOnly(QObject* control, bool* found);
 // The picture key an image control shows ("" when it shows none).
 QString readPicture(QObject* control, QString* found);
 // The file a game picture box shows ("" when it shows none).

@@ -1,9 +1,9 @@
 // The rule of every number box: what a typed or pasted text turns into.
-#include "pages/NumericBox.h"
+#include "platform/NumericBox.h"
 
 #include <gtest/gtest.h>
 
-using pages::NumericRule;
+using platform::NumericRule;
 
 namespace {
 
@@ -11,13 +11,13 @@ TEST(NumericBox, Rule)
 {
     QString maxPlayers;
     const QStringList zeros = {"000", "00"};
-    const NumericRule frag{0, [] { return 500.0; }, "0", zeros};
-    const NumericRule lag{1, [] { return 999.0; }, "1", {"0000", "000", "00"}};
-    const NumericRule ctfTeam{0, [] { return 50.0; }, "1", zeros};
+    const platform::NumericRule frag{0, [] { return 500.0; }, "0", zeros};
+    const platform::NumericRule lag{1, [] { return 999.0; }, "1", {"0000", "000", "00"}};
+    const platform::NumericRule ctfTeam{0, [] { return 50.0; }, "1", zeros};
     // The bound of special teams is the max players box at the moment of typing.
-    const NumericRule special{0, [&] { return pages::leadingValue(maxPlayers); }, "1", zeros};
+    const platform::NumericRule special{0, [&] { return platform::leadingValue(maxPlayers); }, "1", zeros};
     const struct {
-        const NumericRule& rule;
+        const platform::NumericRule& rule;
         QString players, typed, shown;
     } rows[] = {
         {frag, "", "500", "500"},   {frag, "", "501", "0"},     {frag, "", "0", "0"},     {frag, "", "00", "0"},
@@ -32,7 +32,7 @@ TEST(NumericBox, Rule)
     };
     for (const auto& r : rows) {
         maxPlayers = r.players;
-        EXPECT_EQ(pages::validateNumeric(r.typed, r.rule), r.shown) << r.typed.toStdString();
+        EXPECT_EQ(platform::validateNumeric(r.typed, r.rule), r.shown) << r.typed.toStdString();
     }
 }
 

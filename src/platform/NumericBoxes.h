@@ -1,9 +1,9 @@
 #pragma once
-#include "pages/NumericBox.h"
+#include "platform/NumericBox.h"
 
 class QLineEdit;
 
-namespace pages {
+namespace platform {
 
 // Makes a text box follow the number rule on every change of its text,
 // typed or set from code.
@@ -13,4 +13,4 @@ void AttachNumericBox(QLineEdit* box, NumericRule rule);
 NumericRule FixedRule(double lower, double upper, const char* reset,
                       QStringList allZero = {QStringLiteral("000"), QStringLiteral("00")});
 
-} // namespace pages
+} // namespace platform

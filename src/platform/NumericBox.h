@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace pages {
+namespace platform {
 
 struct NumericRule {
     double lower = 0;
@@ -28,4 +28,4 @@ double leadingValue(const QString& text);
 // when the entry stands.
 QString validateNumeric(const QString& text, const NumericRule& rule);
 
-} // namespace pages
+} // namespace platform

@@ -1,8 +1,8 @@
-#include "pages/NumericBox.h"
+#include "platform/NumericBox.h"
 
 #include <QRegularExpression>
 
-namespace pages {
+namespace platform {
 namespace {
 
 const QRegularExpression& decimalPattern()
@@ -65,4 +65,4 @@ QString validateNumeric(const QString& text, const NumericRule& rule)
     return text;
 }
 
-} // namespace pages
+} // namespace platform

@@ -1,8 +1,8 @@
-#include "pages/NumericBoxes.h"
+#include "platform/NumericBoxes.h"
 
 #include <QLineEdit>
 
-namespace pages {
+namespace platform {
 
 void AttachNumericBox(QLineEdit* box, NumericRule rule)
 {
@@ -18,4 +18,4 @@ NumericRule FixedRule(double lower, double upper, const char* reset, QStringList
     return {lower, [upper] { return upper; }, QString::fromLatin1(reset), std::move(allZero)};
 }
 
-} // namespace pages
+} // namespace platform
