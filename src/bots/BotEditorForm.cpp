@@ -70,7 +70,15 @@ void BotEditorForm::loadBotList()
     for (int row : *listed)
         items << new QTreeWidgetItem(botCells(Bots[size_t(row)]));
     ui.ListView1->addTopLevelItems(items);
-    unlisted_ = int(Bots.size() - listed->size());
+    // Bots whose model or skin isn't installed just now are in no list, but
+    // they are still the user's: a save writes them back behind the others.
+    std::vector<bool> isListed(Bots.size(), false);
+    for (int row : *listed)
+        isListed[size_t(row)] = true;
+    unlisted_.clear();
+    for (size_t i = 0; i < Bots.size(); ++i)
+        if (!isListed[i])
+            unlisted_.push_back(Bots[i]);
     loaded_ = true;
 }
 
@@ -138,15 +146,6 @@ void BotEditorForm::saveBotList()
                             platform::Buttons::YesNo, platform::Icon::Exclamation, QStringLiteral("Bot Editor"))
                != platform::Answer::Yes)
         return;
-    // Only installed bots can be listed, so Save leaves the others out; the
-    // user decides whether they go.
-    if (unlisted_ > 0
-        && platform::msgBox(QStringLiteral("Bots whose model or skin isn't installed: %1. Saving leaves them out of "
-                                           "bots.cfg. Save anyway?")
-                                .arg(unlisted_),
-                            platform::Buttons::YesNo, platform::Icon::Exclamation, QStringLiteral("Bot Editor"))
-               != platform::Answer::Yes)
-        return;
     std::vector<BotRecord> rows;
     rows.reserve(size_t(ui.ListView1->topLevelItemCount()));
     for (int i = 0; i < ui.ListView1->topLevelItemCount(); ++i) {
@@ -157,6 +156,7 @@ void BotEditorForm::saveBotList()
         if (const std::optional<BotRecord> bot = botFromCells(cells))
             rows.push_back(*bot);
     }
+    rows.insert(rows.end(), unlisted_.begin(), unlisted_.end());
     if (!SaveBots(rows))
         return;
     saved_ = true;

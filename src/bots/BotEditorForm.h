@@ -1,10 +1,13 @@
 #pragma once
 // The bot editor's list: every installed bot of bots.cfg as a working copy
 // that add, edit, delete and clear change, and that only Save writes back.
+#include "bots/BotStore.h"
 #include "ui_BotEditorForm.h"
 
 #include <QByteArray>
 #include <QDialog>
+
+#include <vector>
 
 namespace platform {
 class Timer;
@@ -43,7 +46,7 @@ private:
     QByteArray readBytes_;
     bool loaded_ = false;
     // Rows of the file the list leaves out: their model or skin is missing.
-    int unlisted_ = 0;
+    std::vector<BotRecord> unlisted_;
     bool saved_ = false;
 };
 
