@@ -1,5 +1,7 @@
 #include "pages/BotViews.h"
 
+#include <QKeyEvent>
+
 #include "bots/BotAttributes.h"
 
 #include <QEvent>
@@ -269,6 +271,38 @@ void toggleMarkedRow(StoreRowsModel* rows, QListView* names, int row)
 void onViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress)
 {
     new ViewMouse(view, std::move(doubleClick), std::move(rightPress));
+}
+
+namespace {
+
+class ViewSpace : public QObject {
+public:
+    ViewSpace(QAbstractItemView* view, std::function<void(int)> toggle)
+        : QObject(view), view_(view), toggle_(std::move(toggle))
+    {
+        view->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
+            return false;
+        if (const QModelIndex current = view_->currentIndex(); current.isValid())
+            toggle_(current.row());
+        return true;
+    }
+
+private:
+    QAbstractItemView* view_;
+    std::function<void(int)> toggle_;
+};
+
+} // namespace
+
+void onViewSpace(QAbstractItemView* view, std::function<void(int row)> toggle)
+{
+    new ViewSpace(view, std::move(toggle));
 }
 
 } // namespace pages

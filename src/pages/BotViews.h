@@ -84,5 +84,8 @@ void toggleMarkedRow(StoreRowsModel* rows, QListView* names, int row);
 // presses: the pages act on the row last clicked, not on the one under the
 // pointer. Either handler may be empty.
 void onViewMouse(QAbstractItemView* view, std::function<void()> doubleClick, std::function<void()> rightPress = {});
+// Space on the view's current row does what a double click does, so a
+// keyboard user can tick rows too; the handler gets that row.
+void onViewSpace(QAbstractItemView* view, std::function<void(int row)> toggle);
 
 } // namespace pages

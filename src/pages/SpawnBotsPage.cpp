@@ -29,6 +29,10 @@ SpawnBotsPage::SpawnBotsPage(QWidget* parent) : QWidget(parent)
     connect(ui.ListView1, &QTreeView::clicked, this,
             [this](const QModelIndex& index) { ListCurrentBot = index.row() + 1; });
     onViewMouse(ui.ListView1, [this] { toggleBotMark(); }, [this] { examineBot(); });
+    onViewSpace(ui.ListView1, [this](int row) {
+        ListCurrentBot = row + 1;
+        toggleBotMark();
+    });
     Timer2 = new platform::Timer(this, 100, false);
     Timer2->setObjectName(QStringLiteral("Timer2"));
     connect(Timer2, &platform::Timer::timeout, this, [this] {

@@ -32,6 +32,10 @@ TeamsPage::TeamsPage(QWidget* parent) : QWidget(parent)
     connect(ui.ListView2, &QTreeView::clicked, this,
             [this](const QModelIndex& index) { ListCurrentTeam = index.row() + 1; });
     onViewMouse(ui.ListView2, [this] { toggleTeamMark(); });
+    onViewSpace(ui.ListView2, [this](int row) {
+        ListCurrentTeam = row + 1;
+        toggleTeamMark();
+    });
     connect(ui.List3->selectionModel(), &QItemSelectionModel::selectionChanged, this, &TeamsPage::takeClickedTeam);
     connect(ui.List3, &QListView::doubleClicked, this, &TeamsPage::markDoubleClickedTeam);
     connect(ui.Combo1, &QComboBox::currentTextChanged, this, &TeamsPage::dropOwnTeam);

@@ -16,8 +16,11 @@
 #include "wizard/Program.h"
 #include "wizard/ProgressForm.h"
 
+#include <QAbstractItemView>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QStyle>
 #include <new>
@@ -63,6 +66,25 @@ void MainForm::closeEvent(QCloseEvent* event)
 {
     QWidget::closeEvent(event);
     ExitProgram(true);
+}
+
+void MainForm::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool inLayer = PrefsOpen == 1 || AboutOpen == 1;
+    if (enter && !inLayer && ui.Main_Next->isEnabled()) {
+        // Lists and the command box keep Enter for themselves.
+        QWidget* focus = focusWidget();
+        if (!qobject_cast<QAbstractItemView*>(focus) && !qobject_cast<QPlainTextEdit*>(focus)) {
+            ui.Main_Next->click();
+            return;
+        }
+    }
+    if (event->key() == Qt::Key_Escape && inLayer) {
+        ui.Main_Cancel->click();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 // ---------------------------------------------------------------- load
@@ -314,6 +336,7 @@ void MainForm::openPreferences()
 {
     ui.Preferences->setVisible(true);
     ui.Preferences->raise();
+    ui.Preferences->setFocus(Qt::OtherFocusReason);
     PrefsOpen = 1;
     disableToolsButClose();
     ui.Main_Cancel->setToolTip(QStringLiteral("Exit Preferences"));
@@ -389,6 +412,7 @@ void MainForm::showAbout()
     ui.PlayerSetup->setVisible(false);
     ui.Panel_About->setVisible(true);
     ui.Panel_About->raise();
+    ui.Panel_About->setFocus(Qt::OtherFocusReason);
     setCloseTool(true);
 }
 

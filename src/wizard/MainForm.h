@@ -34,6 +34,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    // Enter on a page goes on, as Next does; Escape leaves Preferences and
+    // About.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     // Load (MainForm.cpp).

@@ -202,6 +202,7 @@ void MainForm::leaveLayerOrQuit()
     ui.Main_Cancel->setToolTip(QStringLiteral("Quit Torvik"));
     clearFrames();
     showPageOf(PageNumber);
+    raisePanelOf(PageNumber);
     if (PageNumber == 1)
         ui.Main_Previous->setEnabled(false);
     if (PageNumber == 10)
@@ -338,10 +339,14 @@ void MainForm::showPagePicture() { media::ShowGraphic(pictureKeyOf(PageNumber), 
 
 // Player Setup may stay shown after a jump (the pages are cleared without
 // it); the page the user went to must lie above it.
+// The page shown takes the keyboard too, so that Enter goes on from it and
+// no key lands in a page that was left.
 void MainForm::raisePanelOf(int page)
 {
-    if (QWidget* panel = panelOf(page))
+    if (QWidget* panel = panelOf(page)) {
         panel->raise();
+        panel->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void MainForm::showPageOf(int page)

@@ -13,6 +13,11 @@ public:
     explicit Q2EXEForm(QWidget* parent = nullptr);
     Ui::Q2EXEForm ui;
 
+protected:
+    // Enter picks the highlighted file, as a double click does; "None" is
+    // never the default button.
+    void keyPressEvent(QKeyEvent* event) override;
+
 signals:
     // The row that was double-clicked.
     void picked(int row);
