@@ -14,6 +14,7 @@
 #include "bots/BotStore.h"
 #include "bots/BotsFile.h"
 #include "demo/DemoInstall.h"
+#include "harness/Scenario.h"
 #include "maps/MapCatalogue.h"
 #include "platform/Files.h"
 #include "wizard/Globals.h"
@@ -36,29 +37,13 @@ namespace {
 // The maps the demo game brings of its own.
 constexpr int kDemoMaps = 14;
 
-void putLe32(QByteArray& out, quint32 v)
-{
-    for (int shift = 0; shift < 32; shift += 8)
-        out.append(char((v >> shift) & 0xff));
-}
-
 QByteArray pakOfMaps(int count)
 {
-    const QByteArray data("IBSP");
-    QByteArray body;
-    QByteArray dir;
-    for (int i = 1; i <= count; ++i) {
-        QByteArray entry = "maps/big" + QByteArray::number(i) + ".bsp";
-        entry += QByteArray(56 - entry.size(), '\0');
-        putLe32(entry, quint32(12 + body.size()));
-        putLe32(entry, quint32(data.size()));
-        dir += entry;
-        body += data;
-    }
-    QByteArray out("PACK");
-    putLe32(out, quint32(12 + body.size()));
-    putLe32(out, quint32(dir.size()));
-    return out + body + dir;
+    QList<QByteArray> names;
+    names.reserve(count);
+    for (int i = 1; i <= count; ++i)
+        names << "maps/big" + QByteArray::number(i) + ".bsp";
+    return harness::pakArchive(names);
 }
 
 QByteArray botsFile(int rows, int models)

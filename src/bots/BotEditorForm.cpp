@@ -70,15 +70,9 @@ void BotEditorForm::loadBotList()
     for (int row : *listed)
         items << new QTreeWidgetItem(botCells(Bots[size_t(row)]));
     ui.ListView1->addTopLevelItems(items);
-    // Bots whose model or skin isn't installed just now are in no list, but
-    // they are still the user's: a save writes them back behind the others.
-    std::vector<bool> isListed(Bots.size(), false);
-    for (int row : *listed)
-        isListed[size_t(row)] = true;
-    unlisted_.clear();
-    for (size_t i = 0; i < Bots.size(); ++i)
-        if (!isListed[i])
-            unlisted_.push_back(Bots[i]);
+    // Bots whose model or skin isn't installed just now are in no list; a
+    // save writes them back behind the others.
+    unlisted_ = unlistedBots(*listed);
     loaded_ = true;
 }
 

@@ -182,6 +182,18 @@ bool GetNewTeams()
     return true;
 }
 
+std::vector<BotRecord> unlistedBots(const std::vector<int>& listed)
+{
+    std::vector<bool> isListed(Bots.size(), false);
+    for (int row : listed)
+        isListed[size_t(row)] = true;
+    std::vector<BotRecord> rest;
+    for (size_t i = 0; i < Bots.size(); ++i)
+        if (!isListed[i])
+            rest.push_back(Bots[i]);
+    return rest;
+}
+
 bool SaveBots(const std::vector<BotRecord>& rows)
 {
     const QString failure = QStringLiteral("Error! Couldn't save bots to bots.cfg.");

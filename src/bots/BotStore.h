@@ -96,6 +96,9 @@ std::optional<std::vector<int>> GetNewBots();
 // The load that GetNewBots and the editors' bot loads share; progress, when
 // given, gets the read's and the listing's steps.
 std::optional<std::vector<int>> loadBots(const ProgressFn& progress);
+// The rows of Bots that a load didn't list (model or skin not installed), in
+// the file's order. The editors write them back: they are still the user's.
+std::vector<BotRecord> unlistedBots(const std::vector<int>& listed);
 
 // Start-up and Refresh load of the teams into Teams; sets TeamsSectionLines.
 // False while BotFileErrorFlag is 1 and after a reported failure.

@@ -1,5 +1,6 @@
 #include "bots/TeamEditForm.h"
 
+#include "bots/BotAttributes.h"
 #include "bots/Examination.h"
 #include "bots/PlayerModels.h"
 #include "platform/Dialogs.h"
@@ -65,22 +66,14 @@ bool TeamEditForm::listBots()
     const std::optional<std::vector<int>> rows = loadBots(ProgressFn{});
     if (!rows)
         return false;
-    // Bots whose model isn't installed just now are in no list, but they are
-    // still the user's: a save writes them back behind the listed ones.
-    std::vector<bool> isListed(Bots.size(), false);
-    for (int row : *rows)
-        isListed[size_t(row)] = true;
-    for (size_t i = 0; i < Bots.size(); ++i)
-        if (!isListed[i])
-            unlisted_.push_back(Bots[i]);
+    // Bots whose model isn't installed just now are in no list; a save writes
+    // them back behind the listed ones.
+    unlisted_ = unlistedBots(*rows);
     QList<QTreeWidgetItem*> items;
     for (int row : *rows) {
         const BotRecord& b = Bots[size_t(row)];
         listed_.push_back(b);
-        items << new QTreeWidgetItem(QStringList{b.Name, b.ModelSkin, QString::number(b.Accuracy),
-                                                 QString::number(b.Aggressiveness), QString::number(b.CombatSkills),
-                                                 QString::number(b.FavoriteWeapon), QString::number(b.QuadFreak),
-                                                 QString::number(b.Camper), QString::number(b.Ping)});
+        items << new QTreeWidgetItem(botCells(b));
     }
     ui.ListView2->addTopLevelItems(items);
     return true;

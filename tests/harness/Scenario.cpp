@@ -266,27 +266,6 @@ void putLe32(QByteArray& out, quint32 v)
     out.append(char(v & 0xff)).append(char((v >> 8) & 0xff)).append(char((v >> 16) & 0xff)).append(char(v >> 24));
 }
 
-// A PAK archive as the game's tools write it: header, each member's data
-// ("IBSP"), then the directory. A name of 56 bytes or more fills its field
-// without the ending NUL.
-QByteArray pakArchive(const QList<QByteArray>& names)
-{
-    const QByteArray data("IBSP");
-    QByteArray body;
-    QByteArray dir;
-    for (const QByteArray& name : names) {
-        QByteArray entry = name.left(56);
-        entry += QByteArray(56 - entry.size(), '\0');
-        putLe32(entry, quint32(12 + body.size()));
-        putLe32(entry, quint32(data.size()));
-        dir += entry;
-        body += data;
-    }
-    QByteArray out("PACK");
-    putLe32(out, quint32(12 + body.size()));
-    putLe32(out, quint32(dir.size()));
-    return out + body + dir;
-}
 
 bool copyTree(const QString& from, const QString& to)
 {
@@ -1571,6 +1550,28 @@ ScenarioResult Interpreter::run()
 }
 
 } // namespace
+
+// A PAK archive as the game's tools write it: header, each member's data
+// ("IBSP"), then the directory. A name of 56 bytes or more fills its field
+// without the ending NUL.
+QByteArray pakArchive(const QList<QByteArray>& names)
+{
+    const QByteArray data("IBSP");
+    QByteArray body;
+    QByteArray dir;
+    for (const QByteArray& name : names) {
+        QByteArray entry = name.left(56);
+        entry += QByteArray(56 - entry.size(), '\0');
+        putLe32(entry, quint32(12 + body.size()));
+        putLe32(entry, quint32(data.size()));
+        dir += entry;
+        body += data;
+    }
+    QByteArray out("PACK");
+    putLe32(out, quint32(12 + body.size()));
+    putLe32(out, quint32(dir.size()));
+    return out + body + dir;
+}
 
 ScenarioResult runScenario(const QByteArray& text, const QString& name, const ScenarioOptions& options)
 {

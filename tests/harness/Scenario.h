@@ -2,6 +2,7 @@
 // Plays a scenario (see SCENARIOS.md) against the real forms, offscreen, in a
 // fresh temporary folder, and tells what didn't go as expected.
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -61,5 +62,10 @@ int scenarioParts(const QByteArray& text);
 
 // Makes a process-wide value checkable with "check global NAME VALUE".
 void registerScenarioGlobal(const QString& name, std::function<QString()> read);
+
+// A PAK archive as the game's tools write it: header, each member's data
+// ("IBSP"), then the directory. A name of 56 bytes or more fills its field
+// without the ending NUL.
+QByteArray pakArchive(const QList<QByteArray>& names);
 
 } // namespace harness
